@@ -1,0 +1,56 @@
+// Owners of Windows handles.
+//
+// A UniqueHandle closes what it holds, once, when it is reset or destroyed. It can be moved, not copied.
+// One alias a kind of handle; shared handles (stock objects, LR_SHARED icons) have no owner and stay raw.
+#pragma once
+
+#include <windows.h>
+
+#include <type_traits>
+#include <utility>
+
+template <class Handle, auto Close>
+class UniqueHandle {
+ public:
+  UniqueHandle() = default;
+  // Takes ownership. INVALID_HANDLE_VALUE counts as no handle.
+  explicit UniqueHandle(Handle handle) : handle_(Valid(handle)) {}
+  UniqueHandle(UniqueHandle&& other) noexcept : handle_(other.Release()) {}
+  UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+    if (this != &other) Reset(other.Release());
+    return *this;
+  }
+  ~UniqueHandle() { Reset(); }
+
+  Handle Get() const { return handle_; }
+  explicit operator bool() const { return handle_ != nullptr; }
+  Handle Release() { return std::exchange(handle_, nullptr); }
+  void Reset(Handle handle = nullptr) {
+    if (handle_) Close(handle_);
+    handle_ = Valid(handle);
+  }
+  // For functions that hand out a handle through a pointer. Closes what is held first.
+  Handle* Put() {
+    Reset();
+    return &handle_;
+  }
+
+ private:
+  static Handle Valid(Handle handle) {
+    if constexpr (std::is_same_v<Handle, HANDLE>) {
+      if (handle == INVALID_HANDLE_VALUE) return nullptr;
+    }
+    return handle;
+  }
+
+  Handle handle_ = nullptr;
+};
+
+using UniqueKey = UniqueHandle<HKEY, &RegCloseKey>;
+using UniqueFile = UniqueHandle<HANDLE, &CloseHandle>;
+using UniqueProcess = UniqueHandle<HANDLE, &CloseHandle>;
+using UniqueIcon = UniqueHandle<HICON, &DestroyIcon>;
+using UniqueBitmap = UniqueHandle<HBITMAP, &DeleteObject>;
+using UniqueBrush = UniqueHandle<HBRUSH, &DeleteObject>;
+using UniqueFont = UniqueHandle<HFONT, &DeleteObject>;
+using UniqueMenu = UniqueHandle<HMENU, &DestroyMenu>;

@@ -1,0 +1,121 @@
+// The layout of a scheme, in the registry and in a scheme file, on one page.
+//
+// Below, S is the scheme's key: the Schemes key, a backslash, and the scheme's name. Rows stand in the order in
+// which the registry values are read. Where another order is used, it has a list of its own below its table.
+#pragma once
+
+#include <array>
+
+#include "model/field.h"
+#include "model/scheme_properties.h"
+
+// A section that is a count and numbered records. Numbers count from 1 and follow the blank at the end of
+// the record words. The registry and the file spell the same things differently, and the links' count stands
+// under a label of its own in the file; both are what existing installations and files hold.
+template <class Record>
+struct CountedSectionLayout {
+  CountedList<Record> SchemeProperties::*Section;
+  const char* Key;              // S\Key holds the count
+  const char* CountName;        // REG_DWORD
+  const char* RecordKey;        // S\Key\RecordKey n holds record n
+  const char* FileCountLabel;   // follows the scheme's name
+  const char* FileCountName;
+  const char* FileRecordLabel;  // follows the scheme's name
+};
+
+inline constexpr CountedSectionLayout<FolderRoot> kFolderDisplayLayout{
+    &SchemeProperties::FolderDisplay,
+    "FolderDisplay",
+    "RootFolderCount",
+    "Root ",
+    " - FolderDisplay",
+    "RootFoldersCount",
+    " - FolderDisplay - Root ",
+};
+
+inline constexpr CountedSectionLayout<WebLink> kWebLinksLayout{
+    &SchemeProperties::WebLinks,
+    "WebLinks",
+    "WebLinksCount",
+    "WebLink ",
+    " - Folder Display",
+    "WeblinksCount",
+    " - Weblinks - WebLink ",
+};
+
+inline constexpr FieldTable<FolderRoot, 9> kFolderRootFields{{
+    {"RootDisplayName", &FolderRoot::RootDisplayName},
+    {"RootPath", &FolderRoot::RootPath},
+    {"FolderLevels", &FolderRoot::FolderLevels},
+    {"CollapsedIconFile", &FolderRoot::CollapsedIconFile},
+    {"ExpandedIconFile", &FolderRoot::ExpandedIconFile},
+    {"LongToolTip", &FolderRoot::LongToolTip},
+    {"ShortToolTip", &FolderRoot::ShortToolTip},
+    {"Wav File", &FolderRoot::WavFile},
+    {"DenyModify", &FolderRoot::DenyModify},
+}};
+inline constexpr auto kFolderRootFileFields =
+    InOrder(kFolderRootFields,
+            std::to_array<std::string_view>({"CollapsedIconFile", "ExpandedIconFile", "RootDisplayName", "RootPath",
+                                             "DenyModify", "FolderLevels", "LongToolTip", "ShortToolTip",
+                                             "Wav File"}));
+
+inline constexpr FieldTable<WebLink, 6> kWebLinkFields{{
+    {"DisplayName", &WebLink::DisplayName},
+    {"URL", &WebLink::URL},
+    {"IconFile", &WebLink::IconFile},
+    {"LongToolTip", &WebLink::LongToolTip},
+    {"ShortToolTip", &WebLink::ShortToolTip},
+    {"Wav File", &WebLink::WavFile},
+}};
+
+inline constexpr char kTabSelectionKey[] = "TabSelection";
+inline constexpr char kTabsFileLabel[] = " - Tabs";
+inline constexpr FieldTable<TabSelection, 3> kTabSelectionFields{{
+    {"Page1", &TabSelection::Page1},
+    {"Page2", &TabSelection::Page2},
+    {"Page3", &TabSelection::Page3},
+}};
+
+inline constexpr char kToolBarsKey[] = "ToolBars";
+inline constexpr char kToolBarPageKey[] = "Page ";
+inline constexpr char kToolBarPageFileLabel[] = " - ToolBars - Page ";
+inline constexpr FieldTable<ToolBarPage, 16> kToolBarPageFields{{
+    {"Back", &ToolBarPage::Back},
+    {"Forward", &ToolBarPage::Forward},
+    {"Up", &ToolBarPage::Up},
+    {"Rename", &ToolBarPage::Rename},
+    {"New", &ToolBarPage::New},
+    {"Cut", &ToolBarPage::Cut},
+    {"Copy", &ToolBarPage::Copy},
+    {"Paste", &ToolBarPage::Paste},
+    {"Delete", &ToolBarPage::Delete},
+    {"Undo", &ToolBarPage::Undo},
+    {"Print", &ToolBarPage::Print},
+    {"Refresh", &ToolBarPage::Refresh},
+    {"Icon", &ToolBarPage::Icon},
+    {"View", &ToolBarPage::View},
+    {"Help", &ToolBarPage::Help},
+    {"Side", &ToolBarPage::Side},
+}};
+inline constexpr auto kToolBarPageFileFields =
+    InOrder(kToolBarPageFields,
+            std::to_array<std::string_view>({"Back", "Copy", "Cut", "Delete", "Forward", "Help", "Icon", "New",
+                                             "Paste", "Print", "Refresh", "Rename", "Side", "Undo", "Up",
+                                             "View"}));
+
+inline constexpr char kDefaultsKey[] = "Defaults";
+inline constexpr char kDefaultsFileLabel[] = " - Defaults";
+inline constexpr FieldTable<SchemeDefaults, 7> kDefaultsFields{{
+    {"DefaultView", &SchemeDefaults::DefaultView},
+    {"DefaultIconSize", &SchemeDefaults::DefaultIconSize},
+    {"DefaultFirstTab", &SchemeDefaults::DefaultFirstTab},
+    {"ShortToolTips", &SchemeDefaults::ShortToolTips},
+    {"Silent", &SchemeDefaults::Silent},
+    {"Context Menu", &SchemeDefaults::ContextMenu},
+    {"Options Menu", &SchemeDefaults::OptionsMenu},
+}};
+inline constexpr auto kDefaultsSaveFields =
+    InOrder(kDefaultsFields, std::to_array<std::string_view>({"DefaultView", "DefaultIconSize", "DefaultFirstTab",
+                                                              "ShortToolTips", "Context Menu", "Silent",
+                                                              "Options Menu"}));

@@ -1,0 +1,41 @@
+// Schemes in the registry: loads and saves SchemeProperties by the tables of scheme_layout.h.
+//
+// All operations answer success and show nothing. Loading keeps what could be read: a missing value leaves its
+// field as it was, a missing section its list empty. Saving never deletes: records beyond a shrunken count stay
+// behind, unread. A name that cannot be the name of a scheme (see IsSchemeName) fails at once and touches
+// nothing.
+#pragma once
+
+#include <string>
+
+#include "model/scheme_properties.h"
+
+// Whether `name` can name a scheme's key: not empty, no backslash, no NUL, at most 255 characters.
+bool IsSchemeName(const std::string& name);
+
+// Loads the five sections FolderDisplay, WebLinks, TabSelection, ToolBars and Defaults of the scheme `name`,
+// each even if an earlier one failed. True when all five loaded. Does not touch Name and Description.
+bool LoadSchemeProperties(const std::string& name, SchemeProperties& scheme);
+
+// Writes "Scheme Name" under the key of `name`, then the five sections under the key of scheme.Name. Writes
+// nothing at all, and answers false, where the shell's own key is missing. True when everything was written.
+bool SaveSchemeProperties(const std::string& name, const SchemeProperties& scheme);
+
+// The sections and records one by one; `number` counts from 1. A record's saver writes nothing where the
+// shell's own key is missing.
+bool LoadFolderDisplay(const std::string& name, SchemeProperties& scheme);
+bool LoadWebLinks(const std::string& name, SchemeProperties& scheme);
+bool LoadTabSelection(const std::string& name, SchemeProperties& scheme);
+bool LoadToolBars(const std::string& name, SchemeProperties& scheme);
+bool LoadDefaults(const std::string& name, SchemeProperties& scheme);
+bool SaveFolderDisplay(const std::string& name, const SchemeProperties& scheme);
+bool SaveWebLinks(const std::string& name, const SchemeProperties& scheme);
+bool SaveTabSelection(const std::string& name, const SchemeProperties& scheme);
+bool SaveToolBars(const std::string& name, const SchemeProperties& scheme);
+bool SaveDefaults(const std::string& name, const SchemeProperties& scheme);
+bool LoadFolderRoot(const std::string& name, int number, FolderRoot& root);
+bool SaveFolderRoot(const std::string& name, int number, const FolderRoot& root);
+bool LoadWebLink(const std::string& name, int number, WebLink& link);
+bool SaveWebLink(const std::string& name, int number, const WebLink& link);
+bool LoadToolBarPage(const std::string& name, int number, ToolBarPage& page);
+bool SaveToolBarPage(const std::string& name, int number, const ToolBarPage& page);

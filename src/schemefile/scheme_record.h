@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+// One record of a scheme file: a value under a two-part key. Texts are counted, single-byte and unconverted;
+// they may hold NUL bytes.
+struct SchemeRecord {
+  std::string Key1;   // an item or a section label, for example "Scheme Count" or a scheme's name + " - Defaults"
+  std::string Key2;   // the item within it, or a description
+  std::string Value;  // numbers stand in signed decimal
+
+  bool operator==(const SchemeRecord&) const = default;
+};
+
+// Every field on disk, the signature included, ends in this byte (the not sign of Windows-1252).
+inline constexpr char kFieldTerminator = '\xAC';
