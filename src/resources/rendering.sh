@@ -18,7 +18,7 @@ render_icon() {
     render_png "$drawing" "$size" "$scratch/$size.png"
     images+=("$scratch/$size.png")
   done
-  icotool --create --output="$2" "${images[@]}"
+  icotool --create --bit-depth=32 --output="$2" "${images[@]}"
 }
 
 # render_bitmap SIZE OUTPUT DRAWING...: the drawings, without ".svg", laid over each other on magenta, 24-bit.
