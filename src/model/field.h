@@ -16,9 +16,9 @@ struct Field {
   using Text = std::string Record::*;
   using Number = std::uint32_t Record::*;
 
-  const char* Name;                 // registry value name
+  const char* Name;                   // registry value name
   std::variant<Text, Number> Member;  // a REG_SZ or a REG_DWORD
-  const char* Label = Name;         // second key of its record in a scheme file
+  const char* Label = Name;           // second key of its record in a scheme file
 };
 
 template <class Record, std::size_t Size>
@@ -36,5 +36,6 @@ consteval FieldTable<Record, Count> InOrder(const FieldTable<Record, Size>& tabl
   };
   return [&]<std::size_t... I>(std::index_sequence<I...>) {
     return FieldTable<Record, Count>{find(names[I])...};
-  }(std::make_index_sequence<Count>{});
+  }
+  (std::make_index_sequence<Count>{});
 }

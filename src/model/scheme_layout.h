@@ -1,7 +1,8 @@
 // The layout of a scheme, in the registry and in a scheme file, on one page.
 //
-// Below, S is the scheme's key: the Schemes key, a backslash, and the scheme's name. Rows stand in the order in
-// which the registry values are read. Where another order is used, it has a list of its own below its table.
+// Below, S is the scheme's key: the Schemes key, a backslash, and the scheme's name. Rows stand in the order
+// in which the registry values are read. Where another order is used, it has a list of its own below its
+// table.
 #pragma once
 
 #include <array>
@@ -15,10 +16,10 @@
 template <class Record>
 struct CountedSectionLayout {
   CountedList<Record> SchemeProperties::*Section;
-  const char* Key;              // S\Key holds the count
-  const char* CountName;        // REG_DWORD
-  const char* RecordKey;        // S\Key\RecordKey n holds record n
-  const char* FileCountLabel;   // follows the scheme's name
+  const char* Key;             // S\Key holds the count
+  const char* CountName;       // REG_DWORD
+  const char* RecordKey;       // S\Key\RecordKey n holds record n
+  const char* FileCountLabel;  // follows the scheme's name
   const char* FileCountName;
   const char* FileRecordLabel;  // follows the scheme's name
 };
@@ -34,13 +35,8 @@ inline constexpr CountedSectionLayout<FolderRoot> kFolderDisplayLayout{
 };
 
 inline constexpr CountedSectionLayout<WebLink> kWebLinksLayout{
-    &SchemeProperties::WebLinks,
-    "WebLinks",
-    "WebLinksCount",
-    "WebLink ",
-    " - Folder Display",
-    "WeblinksCount",
-    " - Weblinks - WebLink ",
+    &SchemeProperties::WebLinks, "WebLinks",      "WebLinksCount",          "WebLink ",
+    " - Folder Display",         "WeblinksCount", " - Weblinks - WebLink ",
 };
 
 inline constexpr FieldTable<FolderRoot, 9> kFolderRootFields{{
@@ -54,11 +50,10 @@ inline constexpr FieldTable<FolderRoot, 9> kFolderRootFields{{
     {"Wav File", &FolderRoot::WavFile},
     {"DenyModify", &FolderRoot::DenyModify},
 }};
-inline constexpr auto kFolderRootFileFields =
-    InOrder(kFolderRootFields,
-            std::to_array<std::string_view>({"CollapsedIconFile", "ExpandedIconFile", "RootDisplayName", "RootPath",
-                                             "DenyModify", "FolderLevels", "LongToolTip", "ShortToolTip",
-                                             "Wav File"}));
+inline constexpr auto kFolderRootFileFields = InOrder(
+    kFolderRootFields, std::to_array<std::string_view>(
+                           {"CollapsedIconFile", "ExpandedIconFile", "RootDisplayName", "RootPath",
+                            "DenyModify", "FolderLevels", "LongToolTip", "ShortToolTip", "Wav File"}));
 
 inline constexpr FieldTable<WebLink, 6> kWebLinkFields{{
     {"DisplayName", &WebLink::DisplayName},
@@ -98,11 +93,10 @@ inline constexpr FieldTable<ToolBarPage, 16> kToolBarPageFields{{
     {"Help", &ToolBarPage::Help},
     {"Side", &ToolBarPage::Side},
 }};
-inline constexpr auto kToolBarPageFileFields =
-    InOrder(kToolBarPageFields,
-            std::to_array<std::string_view>({"Back", "Copy", "Cut", "Delete", "Forward", "Help", "Icon", "New",
-                                             "Paste", "Print", "Refresh", "Rename", "Side", "Undo", "Up",
-                                             "View"}));
+inline constexpr auto kToolBarPageFileFields = InOrder(
+    kToolBarPageFields,
+    std::to_array<std::string_view>({"Back", "Copy", "Cut", "Delete", "Forward", "Help", "Icon", "New",
+                                     "Paste", "Print", "Refresh", "Rename", "Side", "Undo", "Up", "View"}));
 
 inline constexpr char kDefaultsKey[] = "Defaults";
 inline constexpr char kDefaultsFileLabel[] = " - Defaults";
@@ -116,6 +110,6 @@ inline constexpr FieldTable<SchemeDefaults, 7> kDefaultsFields{{
     {"Options Menu", &SchemeDefaults::OptionsMenu},
 }};
 inline constexpr auto kDefaultsSaveFields =
-    InOrder(kDefaultsFields, std::to_array<std::string_view>({"DefaultView", "DefaultIconSize", "DefaultFirstTab",
-                                                              "ShortToolTips", "Context Menu", "Silent",
-                                                              "Options Menu"}));
+    InOrder(kDefaultsFields,
+            std::to_array<std::string_view>({"DefaultView", "DefaultIconSize", "DefaultFirstTab",
+                                             "ShortToolTips", "Context Menu", "Silent", "Options Menu"}));

@@ -1,9 +1,9 @@
 // Schemes in the registry: loads and saves SchemeProperties by the tables of scheme_layout.h.
 //
-// All operations answer success and show nothing. Loading keeps what could be read: a missing value leaves its
-// field as it was, a missing section its list empty. Saving never deletes: records beyond a shrunken count stay
-// behind, unread. A name that cannot be the name of a scheme (see IsSchemeName) fails at once and touches
-// nothing.
+// All operations answer success and show nothing. Loading keeps what could be read: a missing value leaves
+// its field as it was, a missing section its list empty. Saving never deletes: records beyond a shrunken
+// count stay behind, unread. A name that cannot be the name of a scheme (see IsSchemeName) fails at once and
+// touches nothing.
 #pragma once
 
 #include <string>

@@ -21,7 +21,9 @@ std::optional<std::string> ReadText(HKEY key, const std::string& name);
 std::string ReadText(HKEY root, const std::string& path, const std::string& name);
 
 // Calls `visit` with name and text of every value, in the registry's order (RegEnumValueA), and stops at the
-// first error of any kind: the end, or a name or data longer than the buffer. `visit` must not change the key.
-void ForEachValue(HKEY key, const std::function<void(const std::string& name, const std::string& text)>& visit);
+// first error of any kind: the end, or a name or data longer than the buffer. `visit` must not change the
+// key.
+void ForEachValue(HKEY key,
+                  const std::function<void(const std::string& name, const std::string& text)>& visit);
 // Calls `visit` with the name of every subkey (RegEnumKeyExA), and stops at the first error likewise.
 void ForEachSubkey(HKEY key, const std::function<void(const std::string& name)>& visit);

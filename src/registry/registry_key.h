@@ -1,10 +1,10 @@
 // One registry key: a root, a path below it and whether it may be created.
 //
-// The key is opened on first use and stays open until the object is pointed elsewhere, closed or destroyed, so
-// a row of reads or writes costs one open. Every operation answers success as a boolean and shows nothing; a
-// failure leaves the out argument as told below, the registry unchanged, and the Win32 code of the failing call
-// in LastError (0 where the call succeeded but the value was of another type). Every operation clears LastError
-// first.
+// The key is opened on first use and stays open until the object is pointed elsewhere, closed or destroyed,
+// so a row of reads or writes costs one open. Every operation answers success as a boolean and shows nothing;
+// a failure leaves the out argument as told below, the registry unchanged, and the Win32 code of the failing
+// call in LastError (0 where the call succeeded but the value was of another type). Every operation clears
+// LastError first.
 //
 // A text handed out points into a buffer of the object. It is valid until the next operation of the same kind
 // on the object, or its end: copy what you keep.
@@ -19,8 +19,8 @@
 
 class RegistryKey {
  public:
-  // A null path is the empty path. `create` false opens an existing key for reading (KEY_READ); true creates the
-  // key with every missing parent and opens it for reading and writing (KEY_READ | KEY_WRITE).
+  // A null path is the empty path. `create` false opens an existing key for reading (KEY_READ); true creates
+  // the key with every missing parent and opens it for reading and writing (KEY_READ | KEY_WRITE).
   RegistryKey(bool create, const char* path, HKEY root);
 
   // Each closes the key and clears LastError.
@@ -48,9 +48,10 @@ class RegistryKey {
   // 1 for any number but 0.
   [[nodiscard]] bool GetBool(const char* name, bool* value);
 
-  // RegQueryValueExA; one call for a text of ordinary length. False, with *text null, when the value is missing
-  // or neither REG_SZ nor REG_EXPAND_SZ. A value of zero bytes is true with *text null. The text handed out is
-  // always terminated, whatever is stored. `expand` replaces environment variables (see Expand).
+  // RegQueryValueExA; one call for a text of ordinary length. False, with *text null, when the value is
+  // missing or neither REG_SZ nor REG_EXPAND_SZ. A value of zero bytes is true with *text null. The text
+  // handed out is always terminated, whatever is stored. `expand` replaces environment variables (see
+  // Expand).
   [[nodiscard]] bool GetString(const char* name, const char** text, bool expand);
 
   // RegEnumKeyA, RegEnumValueA: the names of the subkeys or values, up to 260 characters. First answers false

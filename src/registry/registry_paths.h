@@ -14,5 +14,9 @@ inline constexpr char kClassSchemes[] = "Class Schemes";
 inline constexpr char kUserSchemes[] = "User Schemes";
 inline constexpr char kUserGroupSchemes[] = "User Group Schemes";
 
-inline std::string AllocationKeyPath(const std::string& kind) { return std::string(kProductKey) + "\\" + kind; }
-inline std::string SchemeKeyPath(const std::string& scheme) { return std::string(kSchemesKey) + "\\" + scheme; }
+inline std::string AllocationKeyPath(const std::string& kind) {
+  return std::string(kProductKey) + "\\" + kind;
+}
+inline std::string SchemeKeyPath(const std::string& scheme) {
+  return std::string(kSchemesKey) + "\\" + scheme;
+}

@@ -7,9 +7,9 @@
 #include "model/scheme_properties.h"
 #include "schemefile/record_store.h"
 
-// Appends the records of FolderDisplay, WebLinks, TabSelection, ToolBars and Defaults, in that order. Tab flags
-// are written as 0 or 1, everything else as it stands. Records beyond the end of a list are not written, even if
-// its count states more of them.
+// Appends the records of FolderDisplay, WebLinks, TabSelection, ToolBars and Defaults, in that order. Tab
+// flags are written as 0 or 1, everything else as it stands. Records beyond the end of a list are not
+// written, even if its count states more of them.
 void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme);
 
 // Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0. A count

@@ -1,7 +1,7 @@
 // Splits the bytes of a scheme file into records. Knows nothing of Windows.
 //
-// A file is the signature and its terminator, then records back to back, each of three terminated texts. There
-// are no line breaks, no lengths, no count and no trailer.
+// A file is the signature and its terminator, then records back to back, each of three terminated texts.
+// There are no line breaks, no lengths, no count and no trailer.
 #pragma once
 
 #include <cstddef>
@@ -17,6 +17,6 @@ inline constexpr std::string_view kSignature = "Kelvanstead Scheme Manager!\xAC"
 bool HasSignature(std::string_view file);
 
 // The complete records behind the signature of `file` (which must have it); an incomplete tail is dropped.
-// The search for the first record's first terminator starts one byte into the record, so a first record with an
-// empty Key1 is joined with the field behind it; kept for files of earlier versions.
+// The search for the first record's first terminator starts one byte into the record, so a first record with
+// an empty Key1 is joined with the field behind it; kept for files of earlier versions.
 std::vector<SchemeRecord> SplitRecords(std::string_view file);

@@ -20,9 +20,10 @@ class RecordStore {
   // The same with the value in signed decimal ("%d").
   void WriteIntRecord(std::string_view key1, std::string_view key2, std::int32_t value);
 
-  // The value of the record at the read cursor if both its keys match (whole texts, case matters), else of the
-  // last matching record of the list, else "". The cursor moves on by exactly one in every case. Costs no more
-  // than the length of the keys, plus once the size of the list for the first look-up that misses the cursor.
+  // The value of the record at the read cursor if both its keys match (whole texts, case matters), else of
+  // the last matching record of the list, else "". The cursor moves on by exactly one in every case. Costs no
+  // more than the length of the keys, plus once the size of the list for the first look-up that misses the
+  // cursor.
   std::string ReadStringRecord(std::string_view key1, std::string_view key2);
   // The same text through atoi: leading blanks, a sign, digits up to the first other character. 0 where there
   // is none; a number out of range is cut to the nearest limit.

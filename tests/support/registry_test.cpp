@@ -18,9 +18,7 @@ struct Value {
 using Values = std::map<std::string, Value>;
 using Tree = std::map<std::string, Values>;
 
-bool IsText(DWORD type) {
-  return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
-}
+bool IsText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ; }
 
 bool IsRunning(DWORD processId) {
   UniqueProcess process(OpenProcess(SYNCHRONIZE, FALSE, processId));

@@ -1,0 +1,13 @@
+// Message boxes in the two shapes that the program uses.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+// MessageBoxA. `owner` may be null; `style` is any combination of MB_ flags. Answers the button's id.
+int ShowMessage(HWND owner, const std::string& text, const char* title, UINT style = MB_OK);
+
+// Sounds the exclamation beep, then shows a message with the exclamation icon and, unless `buttons` says
+// otherwise, an OK button.
+int ShowWarning(HWND owner, const std::string& text, const char* title, UINT buttons = MB_OK);

@@ -1,0 +1,39 @@
+# Shared by the scripts: Wine prefixes, virtual displays, screenshots. Sourced, not run.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+die() { printf '%s\n' "$*" >&2; exit 1; }
+
+# use_prefix NAME: lets Wine work in a prefix of the project's own.
+use_prefix() {
+  export WINEPREFIX=$root/build/wine/$1 WINEARCH=win64 WINEDEBUG=${WINEDEBUG--all} WINEDLLOVERRIDES='mscoree,mshtml='
+  mkdir -p "$WINEPREFIX"
+}
+
+# start_virtual_display: an X server of this script's own on a free number, ended with the script.
+start_virtual_display() {
+  local pipe display
+  pipe=$(mktemp -u)
+  mkfifo "$pipe"
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$pipe" 2>/dev/null &
+  virtual_display=$!
+  trap 'kill $virtual_display 2>/dev/null || true' EXIT
+  read -r display <"$pipe"
+  rm -f "$pipe"
+  export DISPLAY=:$display
+}
+
+# prepare_prefix: makes the prefix on first use.
+prepare_prefix() {
+  [[ -e $WINEPREFIX/.prepared ]] && return
+  wineboot --init >/dev/null 2>&1
+  # Without a window manager each managed window would wait two seconds for one.
+  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
+  wineserver -w
+  touch "$WINEPREFIX/.prepared"
+}
+
+# desktop_run PROGRAM [ARGUMENT ...]: runs inside a Wine desktop, which draws captions without a window manager.
+desktop_run() { wine explorer /desktop=kelvanstead,1024x768 "$@"; }
+
+take_screenshot() { import -window root "$1"; }
