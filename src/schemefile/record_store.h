@@ -6,8 +6,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "schemefile/scheme_record.h"
@@ -22,13 +20,14 @@ class RecordStore {
 
   // The value of the record at the read cursor if both its keys match (whole texts, case matters), else of
   // the last matching record of the list, else "". The cursor moves on by exactly one in every case. Costs no
-  // more than the length of the keys, plus once the size of the list for the first look-up that misses the
+  // more than the length of the texts, plus once the size of the list for the first look-up that misses the
   // cursor.
   std::string ReadStringRecord(std::string_view key1, std::string_view key2);
   // The same text through atoi: leading blanks, a sign, digits up to the first other character. 0 where there
   // is none; a number out of range is cut to the nearest limit.
   std::int32_t ReadIntRecord(std::string_view key1, std::string_view key2);
 
+  // Empties the list. The read cursor stays where it is.
   void ClearRecordStore();
   void ResetReadCursor() { readCursor_ = 0; }
   // Makes `records` a copy of the store's records, in order. Answers their number.
@@ -45,19 +44,17 @@ class RecordStore {
   bool ImportFailed = false;
 
  private:
-  using Keys = std::pair<std::string_view, std::string_view>;
-  struct KeysHash {
-    std::size_t operator()(const Keys& keys) const;
-  };
-
   const SchemeRecord* Find(std::string_view key1, std::string_view key2);
+  // The slot of the index that holds a record with these keys, or the free one where it belongs.
+  std::uint32_t& Slot(std::string_view key1, std::string_view key2);
   void BuildIndex();
 
   std::vector<SchemeRecord> records_;
   std::uint32_t readCursor_ = 0;
-  // Keys to the last record that carries them; views into records_. Empty until a look-up misses the cursor,
-  // and again after every change of the list.
-  std::unordered_map<Keys, std::size_t, KeysHash> index_;
+  // A hash table with linear probing: the position, counted from 1, of the last record with certain keys; 0
+  // is a free slot. Its size is a power of two. Empty until a look-up misses the cursor, and again after
+  // every change of the list.
+  std::vector<std::uint32_t> index_;
 };
 
 // The one store of the process.

@@ -1,0 +1,104 @@
+#include "schemefile/property_records.h"
+
+#include <algorithm>
+#include <string>
+#include <variant>
+
+#include "model/scheme_layout.h"
+#include "schemefile/field_records.h"
+
+namespace {
+
+constexpr char kSchemeCount[] = "Scheme Count";
+constexpr char kNumberOfSchemes[] = "The number of schemes";
+constexpr char kNameOfScheme[] = "Name of scheme";
+
+std::string SchemeKey(std::size_t index) {
+  return "Scheme" + std::to_string(index);
+}
+
+template <class Record, class Fields>
+void WriteCountedSection(RecordStore& store, const SchemeProperties& scheme,
+                         const CountedSectionLayout<Record>& layout, const Fields& fields) {
+  const CountedList<Record>& section = scheme.*layout.Section;
+  store.WriteIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName, section.Count);
+  const std::string owner = scheme.Name + layout.FileRecordLabel;
+  for (std::int32_t n = 1; n <= section.Count && n <= std::ssize(section.Records); ++n) {
+    WriteFields(store, owner + std::to_string(n), section.Records[n - 1], fields);
+  }
+}
+
+template <class Record, class Fields>
+bool ReadCountedSection(RecordStore& store, SchemeProperties& scheme,
+                        const CountedSectionLayout<Record>& layout, const Fields& fields) {
+  CountedList<Record>& section = scheme.*layout.Section;
+  section.Records.clear();
+  section.Count = store.ReadIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName);
+  const std::string owner = scheme.Name + layout.FileRecordLabel;
+  for (std::int32_t n = 1; n <= section.Count && n <= kMaxRecords; ++n) {
+    ReadFields(store, owner + std::to_string(n), section.Records.emplace_back(), fields);
+  }
+  return section.Count <= kMaxRecords;
+}
+
+std::string ToolBarPageOwner(const SchemeProperties& scheme, std::size_t page) {
+  return scheme.Name + kToolBarPageFileLabel + std::to_string(page + 1);
+}
+
+}  // namespace
+
+void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme) {
+  WriteCountedSection(store, scheme, kFolderDisplayLayout, kFolderRootFileFields);
+  WriteCountedSection(store, scheme, kWebLinksLayout, kWebLinkFields);
+  for (const auto& field : kTabSelectionFields) {
+    const bool flag = scheme.Tabs.*std::get<Field<TabSelection>::Number>(field.Member) != 0;
+    store.WriteIntRecord(scheme.Name + kTabsFileLabel, field.Label, flag);
+  }
+  for (std::size_t page = 0; page < scheme.ToolBars.size(); ++page) {
+    WriteFields(store, ToolBarPageOwner(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
+  }
+  WriteFields(store, scheme.Name + kDefaultsFileLabel, scheme.Defaults, kDefaultsFields);
+}
+
+bool ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme) {
+  const bool rootsRead = ReadCountedSection(store, scheme, kFolderDisplayLayout, kFolderRootFileFields);
+  const bool linksRead = ReadCountedSection(store, scheme, kWebLinksLayout, kWebLinkFields);
+  ReadFields(store, scheme.Name + kTabsFileLabel, scheme.Tabs, kTabSelectionFields);
+  for (std::size_t page = 0; page < scheme.ToolBars.size(); ++page) {
+    ReadFields(store, ToolBarPageOwner(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
+  }
+  ReadFields(store, scheme.Name + kDefaultsFileLabel, scheme.Defaults, kDefaultsFields);
+  return rootsRead && linksRead;
+}
+
+void WriteSchemeCount(RecordStore& store, std::size_t count) {
+  store.WriteIntRecord(kSchemeCount, kNumberOfSchemes, static_cast<std::int32_t>(count));
+}
+
+std::int32_t ReadSchemeCount(RecordStore& store) {
+  const std::int32_t count = store.ReadIntRecord(kSchemeCount, kNumberOfSchemes);
+  return std::clamp<std::int32_t>(count, 0, static_cast<std::int32_t>(store.Count()));
+}
+
+void WriteSchemes(RecordStore& store, const std::vector<SchemeProperties>& schemes,
+                  const std::function<void()>& afterEach) {
+  for (std::size_t i = 0; i < schemes.size(); ++i) {
+    store.WriteStringRecord(SchemeKey(i), kNameOfScheme, schemes[i].Name);
+    WritePropertyRecords(store, schemes[i]);
+    afterEach();
+  }
+}
+
+std::vector<SchemeProperties> ReadSchemes(RecordStore& store, std::int32_t count,
+                                          const std::function<void()>& afterEach) {
+  std::vector<SchemeProperties> schemes;
+  for (std::int32_t i = 0; i < count; ++i) {
+    if (store.ReadCursor() > store.Count() + kMaxMissingRecords) break;
+    SchemeProperties& scheme = schemes.emplace_back();
+    scheme.Name = store.ReadStringRecord(SchemeKey(i), kNameOfScheme);
+    // A damaged section is kept as far as it goes, like every other damage of a file.
+    (void)ReadPropertyRecords(store, scheme);
+    afterEach();
+  }
+  return schemes;
+}

@@ -1,0 +1,93 @@
+#include "schemefile/record_store.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstdlib>
+#include <functional>
+#include <limits>
+#include <utility>
+
+namespace {
+
+bool HasKeys(const SchemeRecord& record, std::string_view key1, std::string_view key2) {
+  return record.Key2 == key2 && record.Key1 == key1;
+}
+
+std::string Terminated(std::string_view text) {
+  std::string terminated;
+  terminated.reserve(text.size() + 1);
+  terminated.append(text).push_back(kFieldTerminator);
+  return terminated;
+}
+
+}  // namespace
+
+void RecordStore::WriteStringRecord(std::string_view key1, std::string_view key2, std::string_view value) {
+  index_.clear();
+  records_.push_back({Terminated(key1), Terminated(key2), Terminated(value)});
+}
+
+void RecordStore::WriteIntRecord(std::string_view key1, std::string_view key2, std::int32_t value) {
+  WriteStringRecord(key1, key2, std::to_string(value));
+}
+
+std::string RecordStore::ReadStringRecord(std::string_view key1, std::string_view key2) {
+  const SchemeRecord* record = Find(key1, key2);
+  ++readCursor_;
+  return record ? record->Value : std::string();
+}
+
+std::int32_t RecordStore::ReadIntRecord(std::string_view key1, std::string_view key2) {
+  const SchemeRecord* record = Find(key1, key2);
+  ++readCursor_;
+  if (!record) return 0;
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(
+      std::clamp<long long>(std::strtoll(record->Value.c_str(), nullptr, 10), Limits::min(), Limits::max()));
+}
+
+void RecordStore::ClearRecordStore() {
+  index_.clear();
+  records_.clear();
+}
+
+std::size_t RecordStore::FlushRecordStore(std::vector<SchemeRecord>& records) const {
+  records = records_;
+  return records.size();
+}
+
+void RecordStore::Fill(std::vector<SchemeRecord> records) {
+  index_.clear();
+  records_ = std::move(records);
+  readCursor_ = 0;
+}
+
+const SchemeRecord* RecordStore::Find(std::string_view key1, std::string_view key2) {
+  if (readCursor_ < records_.size() && HasKeys(records_[readCursor_], key1, key2))
+    return &records_[readCursor_];
+  if (records_.empty()) return nullptr;
+  if (index_.empty()) BuildIndex();
+  const std::uint32_t position = Slot(key1, key2);
+  return position ? &records_[position - 1] : nullptr;
+}
+
+std::uint32_t& RecordStore::Slot(std::string_view key1, std::string_view key2) {
+  const std::hash<std::string_view> hash;
+  const std::size_t mask = index_.size() - 1;
+  std::size_t slot = (hash(key1) * 31 + hash(key2)) & mask;
+  while (index_[slot] && !HasKeys(records_[index_[slot] - 1], key1, key2))
+    slot = (slot + 1) & mask;
+  return index_[slot];
+}
+
+void RecordStore::BuildIndex() {
+  index_.resize(std::bit_ceil(records_.size() * 2));
+  for (std::size_t i = 0; i < records_.size(); ++i) {
+    Slot(records_[i].Key1, records_[i].Key2) = static_cast<std::uint32_t>(i + 1);
+  }
+}
+
+RecordStore& TheRecordStore() {
+  static RecordStore store;
+  return store;
+}
