@@ -1,10 +1,10 @@
 // The test program for Windows.
 
-#include <commctrl.h>
-#include <objbase.h>
 #include <windows.h>
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include "support/watchdog.h"
 
