@@ -4,7 +4,6 @@
 // One alias a kind of handle; shared handles (stock objects, LR_SHARED icons) have no owner and stay raw.
 #pragma once
 
-#include <commctrl.h>
 #include <windows.h>
 
 #include <type_traits>
@@ -54,5 +53,4 @@ using UniqueIcon = UniqueHandle<HICON, &DestroyIcon>;
 using UniqueBitmap = UniqueHandle<HBITMAP, &DeleteObject>;
 using UniqueBrush = UniqueHandle<HBRUSH, &DeleteObject>;
 using UniqueFont = UniqueHandle<HFONT, &DeleteObject>;
-using UniqueImageList = UniqueHandle<HIMAGELIST, &ImageList_Destroy>;
 using UniqueMenu = UniqueHandle<HMENU, &DestroyMenu>;

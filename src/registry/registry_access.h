@@ -14,15 +14,19 @@
 // RegOpenKeyExA. Empty when the key cannot be opened so.
 UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access);
 
-// The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing or longer
-// than 259 characters.
+// The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing or has
+// more than 260 bytes.
 std::optional<std::string> ReadText(HKEY key, const std::string& name);
 // Opens the key for reading and reads one text. "" when there is no key or ReadText answers nothing.
 std::string ReadText(HKEY root, const std::string& path, const std::string& name);
 
-// Calls `visit` with name and text of every value, in the registry's order (RegEnumValueA), and stops at the
-// first error of any kind: the end, or a name or data longer than the buffer. `visit` must not change the
-// key.
+// Name and text of the value at `index` (RegEnumValueA), counted from 0. Answers its result:
+// ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA where the name has more than 259 characters or the data
+// more than 260 bytes.
+LSTATUS ReadValueAt(HKEY key, DWORD index, std::string& name, std::string& text);
+
+// Calls `visit` with name and text of every value, in the registry's order, and stops at the first error of
+// any kind: the end, or a value that ReadValueAt cannot read. `visit` must not change the key.
 void ForEachValue(HKEY key,
                   const std::function<void(const std::string& name, const std::string& text)>& visit);
 // Calls `visit` with the name of every subkey (RegEnumKeyExA), and stops at the first error likewise.

@@ -12,6 +12,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -54,8 +55,9 @@ class RegistryKey {
   // Expand).
   [[nodiscard]] bool GetString(const char* name, const char** text, bool expand);
 
-  // RegEnumKeyA, RegEnumValueA: the names of the subkeys or values, up to 260 characters. First answers false
-  // on a key without any; Next answers true with *name null at the end. Callers must look at both.
+  // RegEnumKeyA, RegEnumValueA: the names of the subkeys or values, up to 259 characters; a longer one fails.
+  // First answers false on a key without any; Next answers true with *name null at the end. Callers must look
+  // at both. Next without a First, or after the key was closed, answers false.
   [[nodiscard]] bool FirstSubkey(const char** name);
   [[nodiscard]] bool NextSubkey(const char** name);
   [[nodiscard]] bool FirstValue(const char** name);
@@ -63,11 +65,37 @@ class RegistryKey {
 
   // ExpandEnvironmentStringsA.
   [[nodiscard]] bool Expand(const char* text, const char** expanded);
-  // GetShortPathNameA, told that the buffer is as long as the text: a short form longer than the text fails.
+  // GetShortPathNameA, told that the buffer is as long as the text: where the short form is not shorter
+  // than the text it fails.
   [[nodiscard]] bool ShortPath(const char* text, const char** shortPath);
 
   DWORD LastError() const { return lastError_; }
 
  private:
-  // Filled in by the implementation.
+  using Buffer = std::unique_ptr<char[]>;
+  // One enumeration: whether it has been asked for, where it stands and the name that it handed out last.
+  struct Walk {
+    LSTATUS (*Read)(HKEY key, DWORD index, char* name);
+    bool Enabled = false;
+    DWORD Index = 0;
+    Buffer Name = nullptr;
+  };
+
+  bool Set(const char* name, DWORD type, const void* data, std::size_t size);
+  bool Query(const char* name, DWORD* type, void* data, DWORD* size);
+  bool First(Walk& walk, const char** name);
+  bool Next(Walk& walk, const char** name);
+  // Keeps `result` as LastError. True when it is 0.
+  bool Succeeded(LSTATUS result);
+
+  std::string path_;
+  HKEY root_;
+  bool create_;
+  UniqueKey key_;
+  DWORD lastError_ = 0;
+  Buffer string_;
+  Buffer expanded_;
+  Buffer shortPath_;
+  Walk subkeys_;
+  Walk values_;
 };
