@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <type_traits>
 #include <utility>
 
@@ -53,4 +54,5 @@ using UniqueIcon = UniqueHandle<HICON, &DestroyIcon>;
 using UniqueBitmap = UniqueHandle<HBITMAP, &DeleteObject>;
 using UniqueBrush = UniqueHandle<HBRUSH, &DeleteObject>;
 using UniqueFont = UniqueHandle<HFONT, &DeleteObject>;
+using UniqueImageList = UniqueHandle<HIMAGELIST, &ImageList_Destroy>;
 using UniqueMenu = UniqueHandle<HMENU, &DestroyMenu>;
