@@ -13,9 +13,7 @@ constexpr char kSchemeCount[] = "Scheme Count";
 constexpr char kNumberOfSchemes[] = "The number of schemes";
 constexpr char kNameOfScheme[] = "Name of scheme";
 
-std::string SchemeKey(std::size_t index) {
-  return "Scheme" + std::to_string(index);
-}
+std::string SchemeKey(std::size_t index) { return "Scheme" + std::to_string(index); }
 
 template <class Record, class Fields>
 void WriteCountedSection(RecordStore& store, const SchemeProperties& scheme,

@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <string>
 
-bool HasSignature(std::string_view file) {
-  return file.starts_with(kSignature);
-}
+bool HasSignature(std::string_view file) { return file.starts_with(kSignature); }
 
 std::vector<SchemeRecord> SplitRecords(std::string_view file) {
   std::vector<SchemeRecord> records;

@@ -1,0 +1,26 @@
+// Scheme files as readable text.
+#pragma once
+
+#include <algorithm>
+#include <sstream>
+#include <string>
+
+// '|' stands for the byte that ends a field.
+inline std::string Bytes(std::string text) {
+  std::replace(text.begin(), text.end(), '|', '\xAC');
+  return text;
+}
+
+// The bytes of a sound file. A line is "key1: key2=value; key2=value" and stands for as many records.
+inline std::string FileBytes(const std::string& text) {
+  std::string file = "Kelvanstead Scheme Manager!|";
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    const std::string key1 = line.substr(0, line.find(": "));
+    std::istringstream items(line.substr(key1.size() + 1));
+    for (std::string item; std::getline(items, item, ';');) {
+      file += key1 + item.replace(item.find('='), 1, "|").replace(0, 1, "|") + "|";
+    }
+  }
+  return Bytes(file);
+}
