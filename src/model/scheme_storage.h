@@ -1,9 +1,13 @@
 // Schemes in the registry: loads and saves SchemeProperties by the tables of scheme_layout.h.
 //
-// All operations answer success and show nothing. Loading keeps what could be read: a missing value leaves
-// its field as it was, a missing section its list empty. Saving never deletes: records beyond a shrunken
-// count stay behind, unread. A name that cannot be the name of a scheme (see IsSchemeName) fails at once and
-// touches nothing.
+// All operations answer success and show nothing. Loading a section starts from a fresh one and keeps what
+// could be read: a missing value leaves its field empty or 0, a missing section its list empty. Saving never
+// deletes: records beyond a shrunken count stay behind, unread. Saving writes nothing at all, and fails,
+// where the shell's own key is missing. A name that cannot be the name of a scheme (see IsSchemeName) fails
+// at once and touches nothing.
+//
+// A stated count is kept as it is held, in both directions. Loading reads no more than kMaxRecords records
+// and saving writes no more than the list has; the section succeeds only if the list holds as many as stated.
 #pragma once
 
 #include <string>
@@ -13,16 +17,20 @@
 // Whether `name` can name a scheme's key: not empty, no backslash, no NUL, at most 255 characters.
 bool IsSchemeName(const std::string& name);
 
+// Whether the value `name` of the Schemes key stands for a scheme: a key of its name can be opened. The
+// unnamed value does, since the Schemes key itself answers to its name; it shows as a blank scheme.
+bool HasSchemeKey(const std::string& name);
+
 // Loads the five sections FolderDisplay, WebLinks, TabSelection, ToolBars and Defaults of the scheme `name`,
 // each even if an earlier one failed. True when all five loaded. Does not touch Name and Description.
 bool LoadSchemeProperties(const std::string& name, SchemeProperties& scheme);
 
-// Writes "Scheme Name" under the key of `name`, then the five sections under the key of scheme.Name. Writes
-// nothing at all, and answers false, where the shell's own key is missing. True when everything was written.
+// Writes "Scheme Name" under the key of `name`, then the five sections under the key of scheme.Name. True
+// when everything was written.
 bool SaveSchemeProperties(const std::string& name, const SchemeProperties& scheme);
 
-// The sections and records one by one; `number` counts from 1. A record's saver writes nothing where the
-// shell's own key is missing.
+// The sections and records one by one; `number` counts from 1. Loading a record leaves the field of a missing
+// value as it was.
 bool LoadFolderDisplay(const std::string& name, SchemeProperties& scheme);
 bool LoadWebLinks(const std::string& name, SchemeProperties& scheme);
 bool LoadTabSelection(const std::string& name, SchemeProperties& scheme);
