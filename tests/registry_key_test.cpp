@@ -90,8 +90,9 @@ TEST_F(RegistryKeyTest, ReadsDamagedValuesWithoutHarm) {
       {"Expandable", true, "%W%", false},      {"Zero bytes", true, kNothing, false},
       {"Zero binary", false, kNothing, false}, {"No NUL", true, "abc", false},
       {"NUL inside", true, "ab", false},       {"Four bytes", false, kNothing, false},
-      {"Long number", false, kNothing, false}, {"Several", false, kNothing, false},
-      {"Large", true, large.c_str(), false},   {"missing", false, kNothing, false},
+      {"Short number", false, kNothing, true}, {"Long number", false, kNothing, false},
+      {"Several", false, kNothing, false},     {"Large", true, large.c_str(), false},
+      {"missing", false, kNothing, false},
   };
   for (const auto& item : cases) {
     SCOPED_TRACE(item.Name);

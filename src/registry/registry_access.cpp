@@ -7,9 +7,7 @@ namespace {
 constexpr DWORD kBufferSize = 260;
 
 // Stored texts need not end in a NUL.
-std::string TextOf(const char* data, DWORD size) {
-  return {data, std::find(data, data + size, '\0')};
-}
+std::string TextOf(const char* data, DWORD size) { return {data, std::find(data, data + size, '\0')}; }
 
 }  // namespace
 

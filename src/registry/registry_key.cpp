@@ -15,18 +15,14 @@ std::unique_ptr<char[]> Allocate(std::size_t size) {
   return std::unique_ptr<char[]>(new (std::nothrow) char[size]);
 }
 
-LSTATUS ReadSubkeyName(HKEY key, DWORD index, char* name) {
-  return RegEnumKeyA(key, index, name, kNameSize);
-}
+LSTATUS ReadSubkeyName(HKEY key, DWORD index, char* name) { return RegEnumKeyA(key, index, name, kNameSize); }
 
 LSTATUS ReadValueName(HKEY key, DWORD index, char* name) {
   DWORD length = kNameSize;
   return RegEnumValueA(key, index, name, &length, nullptr, nullptr, nullptr, nullptr);
 }
 
-bool IsText(DWORD type) {
-  return type == REG_SZ || type == REG_EXPAND_SZ;
-}
+bool IsText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ; }
 
 }  // namespace
 
@@ -73,9 +69,7 @@ bool RegistryKey::Open(bool wantSubkeys, bool wantValues) {
   return false;
 }
 
-void RegistryKey::Close() {
-  key_.Reset();
-}
+void RegistryKey::Close() { key_.Reset(); }
 
 bool RegistryKey::KeyExists(HKEY root, const char* path) {
   UniqueKey key;
@@ -86,9 +80,7 @@ bool RegistryKey::SetDword(const char* name, DWORD value) {
   return Set(name, REG_DWORD, &value, sizeof(value));
 }
 
-bool RegistryKey::SetBool(const char* name, bool value) {
-  return SetDword(name, value ? 0xFFFFFFFF : 0);
-}
+bool RegistryKey::SetBool(const char* name, bool value) { return SetDword(name, value ? 0xFFFFFFFF : 0); }
 
 bool RegistryKey::SetString(const char* name, const char* text, bool expandable) {
   return Set(name, expandable ? REG_EXPAND_SZ : REG_SZ, text, text ? std::strlen(text) + 1 : 0);
@@ -140,18 +132,10 @@ bool RegistryKey::GetString(const char* name, const char** text, bool expand) {
   return true;
 }
 
-bool RegistryKey::FirstSubkey(const char** name) {
-  return First(subkeys_, name);
-}
-bool RegistryKey::NextSubkey(const char** name) {
-  return Next(subkeys_, name);
-}
-bool RegistryKey::FirstValue(const char** name) {
-  return First(values_, name);
-}
-bool RegistryKey::NextValue(const char** name) {
-  return Next(values_, name);
-}
+bool RegistryKey::FirstSubkey(const char** name) { return First(subkeys_, name); }
+bool RegistryKey::NextSubkey(const char** name) { return Next(subkeys_, name); }
+bool RegistryKey::FirstValue(const char** name) { return First(values_, name); }
+bool RegistryKey::NextValue(const char** name) { return Next(values_, name); }
 
 bool RegistryKey::Expand(const char* text, const char** expanded) {
   lastError_ = 0;

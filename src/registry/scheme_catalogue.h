@@ -30,7 +30,8 @@ class SchemeCatalogue {
   bool IsProtected(const std::string& name) const { return protectedSchemes_.contains(name); }
 
   // Removes the class and user allocations of the scheme (whose case may differ), its value and its key with
-  // everything below, and its entries in this object. Failures of the registry are not reported.
+  // everything below, and its entries in this object. Failures of the registry are not reported. Does nothing
+  // for a name that cannot be the name of a scheme (see IsSchemeName).
   void DeleteScheme(const std::string& name);
 
   // Deletes every subkey, at any depth, of the scheme's key. Stops at a key that cannot be deleted, and at

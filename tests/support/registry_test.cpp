@@ -115,7 +115,8 @@ std::string Format(const Tree& tree) {
     if (values.empty() && below != tree.end() && below->first.starts_with(prefix)) continue;
     text += "[" + path + "]\n";
     for (const auto& [name, value] : values) {
-      text += (name.empty() ? "@" : "\"" + Escape(name) + "\"") + "=" + FormatData(value) + "\n";
+      text += name.empty() ? std::string(1, '@') : '"' + Escape(name) + '"';
+      text += '=' + FormatData(value) + '\n';
     }
   }
   return text;
