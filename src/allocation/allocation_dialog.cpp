@@ -1,0 +1,268 @@
+#include "allocation/allocation_dialog.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "allocation/account_detection.h"
+#include "allocation/allocation_dialog_ids.h"
+#include "allocation/environment_code.h"
+#include "allocation/scheme_selector.h"
+#include "base/unique_handle.h"
+#include "resources/picture_ids.h"
+#include "resources/resource_ids.h"
+
+namespace {
+
+// How far the template's lower controls move up, in pixels.
+constexpr int kPerUserShift = 250;
+constexpr int kAllocationShift = 110;
+
+constexpr int kPictureSize = 16;
+constexpr UINT kPictures[] = {IDB_CLASS, IDB_USER, IDB_USER_GROUP};  // by AllocationKind
+constexpr COLORREF kMagenta = RGB(255, 0, 255);
+
+constexpr int kSchemeColumn = 2;
+struct Column {
+  const char* Title;
+  int Width;
+  const char* (*Text)(const Allocation& allocation);
+};
+constexpr Column kColumns[] = {
+    {"Class or User", 180, [](const Allocation& allocation) { return allocation.Name.c_str(); }},
+    {"Type", 180, [](const Allocation& allocation) { return KindText(allocation.Kind); }},
+    {"Schemes", 300, [](const Allocation& allocation) { return allocation.Scheme.c_str(); }},
+};
+
+HIMAGELIST LoadPictures() {
+  const HIMAGELIST pictures =
+      ImageList_Create(kPictureSize, kPictureSize, ILC_COLOR24 | ILC_MASK, std::size(kPictures), 0);
+  for (const UINT picture : kPictures) {
+    const UniqueBitmap bitmap(LoadBitmapA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(picture)));
+    ImageList_AddMasked(pictures, bitmap.Get(), kMagenta);
+  }
+  return pictures;
+}
+
+struct RowOrder {
+  const std::vector<Allocation>& Allocations;
+  int SortedColumn;
+  bool Descending;
+
+  static int CALLBACK Compare(LPARAM left, LPARAM right, LPARAM order) {
+    return reinterpret_cast<const RowOrder*>(order)->Compare(left, right);
+  }
+  int Compare(LPARAM left, LPARAM right) const {
+    const auto text = kColumns[SortedColumn].Text;
+    const int order = lstrcmpiA(text(Allocations[static_cast<std::size_t>(left)]),
+                                text(Allocations[static_cast<std::size_t>(right)]));
+    if (order == 0) return left < right ? -1 : 1;  // rows that are alike keep their first order
+    return Descending ? -order : order;
+  }
+};
+
+}  // namespace
+
+CAllocationDialog::CAllocationDialog() : CDialog(IDD_ALLOCATION) {}
+
+bool CAllocationDialog::OnInitDialog() {
+  perUser_ = IsPerUserEnvironment(QueryEnvironmentCode());
+  if (perUser_) {
+    ShowPerUserLayout();
+  } else {
+    ShowAllocationLayout();
+  }
+  MakeColumns();
+  FillSchemes();
+  FillRows();
+  FocusItem(perUser_ ? IDC_CURRENT_USER_SCHEME : IDC_ALLOCATION_LIST);
+  return false;
+}
+
+void CAllocationDialog::ShowPerUserLayout() {
+  SetWindowTextA(Window(), "User Schemes");
+  for (const int id :
+       {IDC_ALLOCATION_HINT, IDC_ALLOCATION_LIST, IDC_ALLOCATION_CHANGE, IDC_ALLOCATION_GROUP, IDCANCEL})
+    ShowItem(id, false);
+  for (const int id : {IDC_CURRENT_USER_GROUP, IDC_CURRENT_USER_EXPLANATION, IDC_CURRENT_USER_LABEL,
+                       IDC_CURRENT_USER_SCHEME, IDC_CURRENT_USER_APPLY, IDOK})
+    MoveItem(id, 0, -kPerUserShift);
+  Shorten(kPerUserShift);
+}
+
+void CAllocationDialog::ShowAllocationLayout() {
+  for (const int id : {IDC_CURRENT_USER_GROUP, IDC_CURRENT_USER_EXPLANATION, IDC_CURRENT_USER_SCHEME,
+                       IDC_CURRENT_USER_APPLY, IDC_CURRENT_USER_LABEL})
+    ShowItem(id, false);
+  Shorten(kAllocationShift);
+  for (const int id : {IDOK, IDCANCEL})
+    MoveItem(id, 0, -kAllocationShift);
+}
+
+void CAllocationDialog::MoveItem(int id, int dx, int dy) {
+  RECT place;
+  GetWindowRect(Item(id), &place);
+  MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
+  SetWindowPos(Item(id), nullptr, place.left + dx, place.top + dy, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The window was centred at its full height, and stays centred.
+void CAllocationDialog::Shorten(int pixels) {
+  RECT place;
+  GetWindowRect(Window(), &place);
+  SetWindowPos(Window(), nullptr, place.left, place.top + pixels / 2, place.right - place.left,
+               place.bottom - place.top - pixels, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void CAllocationDialog::MakeColumns() {
+  const HWND list = Item(IDC_ALLOCATION_LIST);
+  ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
+  ListView_SetImageList(list, LoadPictures(), LVSIL_SMALL);  // from now on the list's own
+  int index = 0;
+  for (const Column& column : kColumns) {
+    LVCOLUMNA description{};
+    description.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+    description.pszText = const_cast<char*>(column.Title);
+    description.cx = column.Width;
+    description.iSubItem = index;
+    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(index++),
+                 reinterpret_cast<LPARAM>(&description));
+  }
+}
+
+void CAllocationDialog::FillSchemes() {
+  schemes_ = SchemeNames();
+  for (const std::string& scheme : schemes_)
+    SendItem(IDC_CURRENT_USER_SCHEME, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scheme.c_str()));
+  const std::string current = ReadConfigToUse();
+  if (current.empty()) return;
+  const LRESULT entry = SendItem(IDC_CURRENT_USER_SCHEME, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                 reinterpret_cast<LPARAM>(current.c_str()));
+  SendItem(IDC_CURRENT_USER_SCHEME, CB_SETCURSEL, static_cast<WPARAM>(entry));
+}
+
+void CAllocationDialog::FillRows() {
+  allocations_ = ReadAllocations(IsNtFamily());
+  const HWND list = Item(IDC_ALLOCATION_LIST);
+  SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+  ListView_SetItemCount(list, static_cast<int>(allocations_.size()));
+  for (int row = 0; row < static_cast<int>(allocations_.size()); ++row) {
+    const Allocation& allocation = allocations_[static_cast<std::size_t>(row)];
+    LVITEMA item{};
+    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
+    item.iItem = row;
+    item.pszText = const_cast<char*>(allocation.Name.c_str());
+    item.iImage = static_cast<int>(allocation.Kind);
+    item.lParam = row;
+    SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    for (int column = 1; column <= kSchemeColumn; ++column)
+      SetCell(row, column, kColumns[column].Text(allocation));
+  }
+  SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+}
+
+void CAllocationDialog::OnCommand(int id, int code) {
+  if (code != BN_CLICKED) return;
+  switch (id) {
+    case IDC_ALLOCATION_CHANGE:
+      return OnChange();
+    case IDC_CURRENT_USER_APPLY:
+      return ApplyToCurrentUser();
+  }
+}
+
+LRESULT CAllocationDialog::OnNotify(const NMHDR& header) {
+  if (header.idFrom != IDC_ALLOCATION_LIST) return 0;
+  switch (header.code) {
+    case LVN_ITEMCHANGED:
+      EnableItem(IDC_ALLOCATION_CHANGE, ListView_GetSelectedCount(header.hwndFrom) > 0);
+      break;
+    case LVN_COLUMNCLICK:
+      SortBy(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
+      break;
+    case LVN_KEYDOWN:
+      if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == 'A' && GetKeyState(VK_CONTROL) < 0)
+        ListView_SetItemState(header.hwndFrom, -1, LVIS_SELECTED, LVIS_SELECTED);
+      break;
+    case NM_DBLCLK:
+      OnChange();
+      break;
+  }
+  return 0;
+}
+
+void CAllocationDialog::OnOK() {
+  if (perUser_) {
+    ApplyToCurrentUser();
+  } else {
+    WriteAllocations(allocations_);
+  }
+  EndDialog(IDOK);
+}
+
+void CAllocationDialog::OnChange() {
+  const std::vector<int> rows = SelectedRows();
+  if (rows.empty()) return;
+  CSchemeSelector selector(schemes_, CommonScheme(rows));
+  if (selector.DoModal(Window()) != IDOK) return;
+  for (const int row : rows) {
+    AllocationOf(row).Scheme = selector.Scheme();
+    SetCell(row, kSchemeColumn, selector.Scheme().c_str());
+  }
+}
+
+void CAllocationDialog::ApplyToCurrentUser() {
+  const LRESULT entry = SendItem(IDC_CURRENT_USER_SCHEME, CB_GETCURSEL);
+  if (entry != CB_ERR) WriteConfigToUse(ItemText(IDC_CURRENT_USER_SCHEME));
+}
+
+void CAllocationDialog::SortBy(int column) {
+  descending_ = column == sortedColumn_ && !descending_;
+  sortedColumn_ = column;
+  const HWND list = Item(IDC_ALLOCATION_LIST);
+  const RowOrder order{allocations_, column, descending_};
+  ListView_SortItems(list, &RowOrder::Compare, reinterpret_cast<LPARAM>(&order));
+
+  const HWND header = ListView_GetHeader(list);
+  for (int i = 0; i < static_cast<int>(std::size(kColumns)); ++i) {
+    HDITEMA item{};
+    item.mask = HDI_FORMAT;
+    SendMessageA(header, HDM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (i == column) item.fmt |= descending_ ? HDF_SORTDOWN : HDF_SORTUP;
+    SendMessageA(header, HDM_SETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+  }
+}
+
+void CAllocationDialog::SetCell(int row, int column, const char* text) {
+  LVITEMA item{};
+  item.iSubItem = column;
+  item.pszText = const_cast<char*>(text);
+  SendItem(IDC_ALLOCATION_LIST, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+std::vector<int> CAllocationDialog::SelectedRows() const {
+  const HWND list = Item(IDC_ALLOCATION_LIST);
+  std::vector<int> rows;
+  for (int row = -1; (row = ListView_GetNextItem(list, row, LVNI_SELECTED)) >= 0;)
+    rows.push_back(row);
+  return rows;
+}
+
+Allocation& CAllocationDialog::AllocationOf(int row) {
+  LVITEMA item{};
+  item.mask = LVIF_PARAM;
+  item.iItem = row;
+  SendItem(IDC_ALLOCATION_LIST, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  return allocations_[static_cast<std::size_t>(item.lParam)];
+}
+
+std::optional<std::string> CAllocationDialog::CommonScheme(const std::vector<int>& rows) {
+  const std::string& first = AllocationOf(rows.front()).Scheme;
+  const bool shared =
+      std::all_of(rows.begin(), rows.end(), [&](int row) { return AllocationOf(row).Scheme == first; });
+  return shared ? std::optional(first) : std::nullopt;
+}

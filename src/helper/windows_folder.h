@@ -1,0 +1,19 @@
+// Where Windows is installed.
+#pragma once
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <string>
+
+using GetFolderPathFunction = decltype(&SHGetFolderPathA);
+
+// SHGetFolderPathA, loaded at run time: the first call of the process answers that of Shell32.dll if it has
+// one, every other that of SHFolder.dll, with which systems without the former are updated. Null when there
+// is none. Valid until the next call, which unloads the library of this one.
+GetFolderPathFunction GetFolderPathProc();
+
+// The Windows folder, without a backslash at its end (CSIDL_WINDOWS). "C:\Windows" where the function above
+// fails, "" where there is none.
+std::string WindowsFolder();
