@@ -18,3 +18,8 @@
 #define IDD_PROGRESS 182
 
 #define IDM_HELP_MENU 190
+
+// Controls that no code speaks to.
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1)
+#endif
