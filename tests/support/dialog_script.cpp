@@ -66,13 +66,15 @@ LRESULT CALLBACK DialogScript::Hook(int code, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CALLBACK DialogScript::Receiver(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != kSettled) return DefWindowProcA(window, message, wParam, lParam);
+  if (message != kSettled && message != WM_TIMER) return DefWindowProcA(window, message, wParam, lParam);
   const auto dialog = reinterpret_cast<HWND>(wParam);
+  KillTimer(window, wParam);
   if (!IsWindow(dialog)) return 0;
   if (IsWindowVisible(dialog)) {
     g_script->OnSettled(dialog);
   } else {
-    PostMessageA(window, kSettled, wParam, 0);
+    // A dialog without WS_VISIBLE is shown when its queue is empty, so a posted message would not do.
+    SetTimer(window, wParam, USER_TIMER_MINIMUM, nullptr);
   }
   return 0;
 }
