@@ -45,9 +45,9 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
   LRESULT result = 0;
   switch (message) {
     case WM_INITDIALOG:
-      return OnInitDialog();
+      return Initialise();
     case WM_COMMAND:
-      return RouteCommand(LOWORD(wParam), HIWORD(wParam));
+      return initialising_ ? FALSE : RouteCommand(LOWORD(wParam), HIWORD(wParam));
     case WM_NOTIFY:
       return Answer(OnNotify(*reinterpret_cast<const NMHDR*>(lParam)));
     case WM_HELP:
@@ -59,6 +59,13 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
       return OnMessage(message, wParam, lParam, result) ? Answer(result) : FALSE;
   }
+}
+
+bool CDialog::Initialise() {
+  initialising_ = true;
+  const bool setFocus = OnInitDialog();
+  initialising_ = false;
+  return setFocus;
 }
 
 INT_PTR CDialog::RouteCommand(int id, int code) {

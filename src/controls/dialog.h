@@ -30,7 +30,8 @@ class CDialog {
  protected:
   // WM_INITDIALOG. Answers true when Windows is to set the focus to the first control, false when it is set.
   virtual bool OnInitDialog() { return true; }
-  // WM_COMMAND of every control and menu, but for OK and Cancel.
+  // WM_COMMAND of every control and menu, but for OK and Cancel. Not called for what controls send while
+  // OnInitDialog fills them: what arrives is the user's doing.
   virtual void OnCommand(int /*id*/, int /*code*/) {}
   // WM_NOTIFY; the result goes back to the control.
   virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
@@ -67,10 +68,12 @@ class CDialog {
 
  private:
   INT_PTR Route(UINT message, WPARAM wParam, LPARAM lParam);
+  bool Initialise();
   INT_PTR RouteCommand(int id, int code);
   // Hands a message's result to the system (DWLP_MSGRESULT).
   INT_PTR Answer(LRESULT result);
 
   const UINT templateId_;
   HWND window_ = nullptr;
+  bool initialising_ = false;
 };
