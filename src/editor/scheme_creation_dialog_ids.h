@@ -1,0 +1,5 @@
+#pragma once
+
+#define IDC_CREATION_NEW 1001
+#define IDC_CREATION_COPY 1002
+#define IDC_CREATION_SOURCE 1003

@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDC_NEW_SCHEME_NAME 1101
