@@ -1,6 +1,9 @@
 // Rows of a layout table (model/field.h) as values of a registry key.
 #pragma once
 
+#include <windows.h>
+
+#include <string>
 #include <variant>
 
 #include "model/field.h"
@@ -45,4 +48,18 @@ bool SaveFields(RegistryKey& key, const Record& record, const Fields& fields) {
   for (const Field<Record>& field : fields)
     complete &= SaveField(key, record, field);
   return complete;
+}
+
+// The same on the key `path` of the local machine. Opening the key is the test whether it exists, or may be
+// written: where it cannot be opened, no value is asked for.
+template <class Record, class Fields>
+bool LoadKey(const std::string& path, Record& record, const Fields& fields) {
+  RegistryKey key(false, path.c_str(), HKEY_LOCAL_MACHINE);
+  return key.Open(false, false) && LoadFields(key, record, fields);
+}
+
+template <class Record, class Fields>
+bool SaveKey(const std::string& path, const Record& record, const Fields& fields) {
+  RegistryKey key(true, path.c_str(), HKEY_LOCAL_MACHINE);
+  return key.Open(false, false) && SaveFields(key, record, fields);
 }

@@ -21,19 +21,6 @@ std::string RecordPath(const std::string& name, const char* key, const char* wor
   return SectionPath(name, key) + "\\" + word + std::to_string(number);
 }
 
-// Opening the key is the test whether it exists: without one, no value is asked for.
-template <class Record, class Fields>
-bool LoadKey(const std::string& path, Record& record, const Fields& fields) {
-  RegistryKey key(false, path.c_str(), HKEY_LOCAL_MACHINE);
-  return key.Open(false, false) && LoadFields(key, record, fields);
-}
-
-template <class Record, class Fields>
-bool SaveKey(const std::string& path, const Record& record, const Fields& fields) {
-  RegistryKey key(true, path.c_str(), HKEY_LOCAL_MACHINE);
-  return key.Open(false, false) && SaveFields(key, record, fields);
-}
-
 template <class Record, class Fields>
 bool LoadRecord(const std::string& name, const CountedSectionLayout<Record>& layout, int number,
                 Record& record, const Fields& fields) {

@@ -1,0 +1,246 @@
+#include "model/configuration_sections.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "registry/registry_paths.h"
+#include "schemefile/record_store.h"
+#include "support/dialog_script.h"
+#include "support/registry_test.h"
+
+namespace {
+
+// Every value of a section, in the order of its records: "registry name:file label", numbers marked with #.
+// Where the two are the same, one.
+struct SectionCase {
+  const char* Key;
+  const char* Label;
+  const char* Rows;
+  const char* RecordLabel = nullptr;  // of the section's list, if it has one
+};
+
+constexpr SectionCase kSections[] = {
+    {"Executables", " - Executables", "Class Selector,End Session"},
+    {"FolderDisplay", " - Folder Display",
+     "DateFormat,LastSelectedDir,LastSelectedFile,ViewStyle,#RootFoldersCount,#UseLargeIcons",
+     " - Folder Display - "},
+    {"MyPrograms", " - My Programs",
+     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button", " - My Programs - "},
+    {"MyWork", " - My Work",
+     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,#LeftMargin:Left Margin,"
+     "#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical Menu,#AlignRight:Align Right,"
+     "BGColour:BG Colour,BGImg:BG Img,VertDarkImg:Vert Dark Image,VertLightImg:Vert Light Image",
+     " - My Work - "},
+    {"PaneSelection", " - PaneSelection",
+     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,#LeftMargin:Left Margin,"
+     "#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical Menu,#AlignRight:Align Right,"
+     "BGColour:BG Colour,BGImg:BG Img",
+     " - Pane Selection - "},
+    {"ScreenSettings", " - Screen Settings",
+     "#Maximised,#StartHeight,#StartWidth,#X_StartPos:X Start Position,#Y_StartPos:Y Start Position"},
+    {"SystemMenu", " - System Menu",
+     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,#LeftMargin:Left Margin,"
+     "#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical Menu,#AlignRight:Align Right,"
+     "BGColour:BG Colour,BGImg:BG Img,BackGroundImg:Background Image,BackGroundColour:Background Colour",
+     " - System Menu - "},
+    {"ToolBar", " - Tool Bar",
+     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,"
+     "#VerticalMenu:Vertical Menu,#AlignRight:Align Right,BackGroundImg:Background Image",
+     " - Tool Bar - "},
+};
+
+constexpr char kRootRows[] =
+    "CollapsedIconFile,ExpandedIconFile,RootDisplayName,RootPath,#CollapsedIconIndex,#DenyModify,"
+    "#ExpandedIconIndex,#FolderLevels";
+constexpr char kButtonRows[] =
+    "AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,JScript,Name,"
+    "SupportedDefault:Supported Default ,Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ";
+constexpr char kMyWorkButtonRows[] =
+    "AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,AgentMsg:Agent Msg ,JScript,"
+    "Name,SupportedDefault:Supported Default ,Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ";
+constexpr char kToolBarButtonRows[] =
+    "AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,JScript,Name,"
+    "SupportedDefault:Supported Default ,Text,ToolTip:Tooltip ,URL,WavFile:Wave File";
+constexpr char kImageRows[] = "Selected,Over,NotSelected:Not Selected";
+
+// A configuration in which every value is another, as the registry and as a file hold it.
+struct Golden {
+  std::string Tree;
+  std::vector<SchemeRecord> Records;
+
+  Golden() {
+    for (const SectionCase& section : kSections) {
+      Add(section.Key, std::string("S") + section.Label, section.Rows);
+      if (!section.RecordLabel) continue;
+      for (const char* n : {"1", "2"}) {
+        const std::string key = section.Key;
+        const bool isRoot = key == "FolderDisplay";
+        const std::string name = (isRoot ? "Root" : "Button") + std::string(n);
+        const std::string owner = std::string("S") + section.RecordLabel + name;
+        Add(key + "\\" + name, owner,
+            isRoot             ? kRootRows
+            : key == "MyWork"  ? kMyWorkButtonRows
+            : key == "ToolBar" ? kToolBarButtonRows
+                               : kButtonRows);
+        if (!isRoot) Add(key + "\\" + name + "\\Images", owner + "Images", kImageRows);
+      }
+    }
+  }
+
+  void Add(const std::string& key, const std::string& owner, const char* rows) {
+    Tree += "[" + key + "]\n";
+    std::istringstream list(rows);
+    for (std::string row; std::getline(list, row, ',');) {
+      const bool isNumber = row[0] == '#';
+      if (isNumber) row.erase(0, 1);
+      const std::string name = row.substr(0, row.find(':'));
+      const std::string label = row.substr(row.find(':') + 1);
+      const bool isCount = name == "Buttons" || name == "RootFoldersCount";
+      const int number = isCount ? 2 : ++number_;
+      std::ostringstream hex;
+      hex << std::hex << number;
+      const std::string text = "text " + std::to_string(number);
+      Tree += '"' + name + (isNumber ? "\"=dword:" + hex.str() : "\"=\"" + text + "\"") + "\n";
+      Records.push_back({owner, label, isNumber ? std::to_string(number) : text});
+    }
+  }
+
+ private:
+  int number_ = 100;
+};
+
+class ConfigurationSectionsTest : public RegistryTest {
+ protected:
+  ConfigurationSectionsTest() { TheRecordStore().ClearRecordStore(); }
+
+  void ExpectCaution(const std::string& path) {
+    script_.ExpectMessage("Settings Problem",
+                          "Caution: There has been a problem setting " + SchemeKeyPath("S") + "\\" + path);
+  }
+
+  Golden golden_;
+  FullConfiguration config_;
+  DialogScript script_;
+};
+
+TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) {
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), golden_.Tree);
+  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
+  EXPECT_TRUE(config_.LoadFromRegistry("S"));
+  EXPECT_TRUE(config_.SaveToRegistry("T"));
+  ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), golden_.Tree);
+
+  config_.WriteToFile("S");
+  std::vector<SchemeRecord> records;
+  TheRecordStore().FlushRecordStore(records);
+  for (SchemeRecord& record : records) {
+    for (std::string* text : {&record.Key1, &record.Key2, &record.Value}) {
+      ASSERT_TRUE(text->ends_with(kFieldTerminator));
+      text->pop_back();
+    }
+  }
+  ASSERT_EQ(golden_.Records.size(), records.size());
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    EXPECT_EQ(golden_.Records[i], records[i]) << i << ": " << records[i].Key1 << "/" << records[i].Key2;
+  }
+
+  TheRecordStore().Fill(records);
+  FullConfiguration read;
+  EXPECT_TRUE(read.ReadFromFile("S"));
+  for (ToolButton& button : config_.ToolBar.ButtonList)
+    button.URL = button.WavFile = "";  // never come back
+  EXPECT_EQ(config_, read);
+}
+
+TEST_F(ConfigurationSectionsTest, MembersAreNamedAfterTheirValues) {
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), R"(
+    [MyWork]
+    "LeftMargin"=dword:1
+    "TopMargin"=dword:ffffffff
+    "Buttons"=dword:1
+    "BGColour"="colour"
+    "BGImg"="image"
+    [MyWork\Button1\Images]
+    "Over"="over"
+    [SystemMenu]
+    "BackGroundColour"="colour"
+    "BackGroundImg"="image")");
+  EXPECT_FALSE(config_.LoadFromRegistry("S"));  // most of it is missing
+  MyWorkSection work;
+  work.LeftMargin = 1;
+  work.TopMargin = 0xFFFFFFFF;
+  work.Buttons = 1;
+  work.BGColour = "colour";
+  work.BGImg = "image";
+  work.ButtonList.resize(1);
+  work.ButtonList[0].KeyName = "Button1";
+  work.ButtonList[0].Over = "over";
+  EXPECT_EQ(work, config_.MyWork);
+  EXPECT_EQ("colour", config_.SystemMenu.BackGroundColour);
+  EXPECT_EQ("image", config_.SystemMenu.BackGroundImg);
+  EXPECT_EQ(ToolBarSection(), config_.ToolBar);
+}
+
+TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
+  const struct {
+    const char* Stored;
+    const char* InFile;
+    std::size_t Records;
+    bool Reads;
+  } cases[] = {
+      {"dword:0", "0", 0, true},          {"dword:2", "2", 2, true},
+      {"dword:3e8", "1000", 1000, true},  {"dword:3e9", "1001", 1000, false},
+      {"dword:ffffffff", "-1", 0, false},
+  };
+  for (const auto& item : cases) {
+    SCOPED_TRACE(item.InFile);
+    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"),
+              "[FolderDisplay]\n\"DateFormat\"=\"\"\n\"LastSelectedDir\"=\"\"\n\"LastSelectedFile\"=\"\"\n"
+              "\"ViewStyle\"=\"\"\n\"UseLargeIcons\"=dword:0\n\"RootFoldersCount\"=" +
+                  std::string(item.Stored));
+    EXPECT_EQ(item.Reads, config_.FolderDisplay.LoadFromRegistry("S"));
+    EXPECT_EQ(item.Records, config_.FolderDisplay.Roots.size());
+    TheRecordStore().Fill({{"S - Folder Display", "RootFoldersCount", item.InFile}});
+    FolderDisplaySection read;
+    EXPECT_EQ(item.Reads, read.ReadFromFile("S"));
+    EXPECT_EQ(config_.FolderDisplay, read);
+  }
+  config_.FolderDisplay.Roots.resize(1);
+  config_.FolderDisplay.RootFoldersCount = 2;
+  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
+  EXPECT_FALSE(config_.FolderDisplay.SaveToRegistry("S"));
+}
+
+// Which key guards what differs from section to section.
+TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
+  config_.FolderDisplay.Roots.resize(1);
+  for (auto* list :
+       {&config_.MyPrograms.ButtonList, &config_.MyWork.ButtonList, &config_.PaneSelection.ButtonList,
+        &config_.SystemMenu.ButtonList, &config_.ToolBar.ButtonList}) {
+    list->resize(1);
+  }
+  for (const SectionCase& section : kSections) {
+    const std::string key = section.Key;
+    ExpectCaution(key);
+    if (!section.RecordLabel) continue;
+    ExpectCaution(key + (key == "FolderDisplay" ? "\\Root1" : "\\Button1"));
+    if (key != "FolderDisplay") ExpectCaution(key + "\\Button1\\Images");
+  }
+  EXPECT_FALSE(config_.SaveToRegistry("S"));
+  EXPECT_EQ(0u, script_.Remaining());
+  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
+
+  WriteTree(HKEY_LOCAL_MACHINE, kProductKey, "");
+  ExpectCaution("MyWork");  // its buttons could be written, but are not without it
+  EXPECT_FALSE(config_.MyWork.SaveToRegistry("S"));
+  ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, "[]");
+  ExpectCaution("FolderDisplay");
+  ExpectCaution("FolderDisplay\\Root1");
+  EXPECT_FALSE(config_.SaveToRegistry("S"));
+  EXPECT_EQ("", DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S") + "\\FolderDisplay"));
+  EXPECT_NE("", DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S") + "\\MyWork\\Button1\\Images"));
+  EXPECT_NE("", DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S") + "\\ToolBar"));
+}
+
+}  // namespace
