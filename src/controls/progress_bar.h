@@ -1,0 +1,40 @@
+// The progress window: shown while a long operation runs to its end on the program's one thread.
+//
+// From construction to destruction the main window is disabled. The operation calls Step as it goes, which
+// lets the program's windows repaint and nothing else: no command, key or click gets through, and what was
+// typed meanwhile is dropped at the end.
+#pragma once
+
+#include <windows.h>
+
+class CProgressBar {
+ public:
+  // Shows the window. `parent` is the window to disable; null means the active one of this thread. `range`
+  // is the position at which the bar is full, at least 1, and `step` is what each Step adds. `text` stands
+  // above the bar, `caption` is the window's title. The second and the last number mean nothing. When the
+  // window cannot be made (CreateDialogParamA), nothing is disabled and the operations do nothing.
+  CProgressBar(HWND parent, int, int range, int step, const char* text, const char* caption,
+               const char* buttonLabel, int);
+  // Enables the parent again, brings it to the front and destroys the window.
+  ~CProgressBar();
+  CProgressBar(const CProgressBar&) = delete;
+  CProgressBar& operator=(const CProgressBar&) = delete;
+
+  // Enables or disables the button; it is disabled at first. Nothing asks whether it was clicked: every
+  // operation of this program runs to its end.
+  void SetAllowCancel(int allow);
+  // Advances the bar, at most to its end. Costs a repaint only when the bar grows by a pixel.
+  void Step();
+
+ private:
+  void ShowPosition() const;
+
+  const int range_;
+  const int step_;
+  int position_ = 0;
+  int pixels_ = 0;  // how much of the bar is filled
+  int width_ = 0;   // of the bar, in pixels
+  HWND parent_ = nullptr;
+  HWND window_ = nullptr;
+  HWND bar_ = nullptr;
+};
