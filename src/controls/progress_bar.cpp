@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr DWORD kShowInterval = 33;  // milliseconds
+
 INT_PTR CALLBACK Procedure(HWND, UINT message, WPARAM, LPARAM) { return message == WM_INITDIALOG; }
 
 // The window that a progress window without a named parent belongs to.
@@ -46,9 +48,6 @@ CProgressBar::CProgressBar(HWND parent, int, int range, int step, const char* te
   SetDlgItemTextA(window_, IDC_PROGRESS_TEXT, text);
   SetDlgItemTextA(window_, IDCANCEL, buttonLabel);
   bar_ = GetDlgItem(window_, IDC_PROGRESS_BAR);
-  RECT area{};
-  GetClientRect(bar_, &area);
-  width_ = area.right;
   SendMessageA(bar_, PBM_SETRANGE32, 0, range_);
   // A parent that is disabled already is somebody else's to enable.
   if (parent && !EnableWindow(parent, FALSE)) parent_ = parent;
@@ -72,16 +71,14 @@ void CProgressBar::SetAllowCancel(int allow) { EnableWindow(GetDlgItem(window_, 
 void CProgressBar::Step() {
   if (!window_) return;
   position_ = static_cast<int>(std::min<long long>(range_, static_cast<long long>(position_) + step_));
-  const int pixels = MulDiv(width_, position_, range_);
-  if (pixels == pixels_) return;
-  pixels_ = pixels;
-  ShowPosition();
+  if (position_ == range_ || GetTickCount() - shown_ >= kShowInterval) ShowPosition();
 }
 
-void CProgressBar::ShowPosition() const {
+void CProgressBar::ShowPosition() {
   // A themed bar glides to a higher position on a timer, which does not run here; a lower one it shows at
   // once.
   SendMessageA(bar_, PBM_SETPOS, static_cast<WPARAM>(position_) + 1, 0);
   SendMessageA(bar_, PBM_SETPOS, static_cast<WPARAM>(position_), 0);
   PaintWindows();
+  shown_ = GetTickCount();
 }

@@ -23,17 +23,17 @@ class CProgressBar {
   // Enables or disables the button; it is disabled at first. Nothing asks whether it was clicked: every
   // operation of this program runs to its end.
   void SetAllowCancel(int allow);
-  // Advances the bar, at most to its end. Costs a repaint only when the bar grows by a pixel.
+  // Advances the bar, at most to its end. Costs a repaint some thirty times a second, and at the end:
+  // painting after every step would take longer than the work.
   void Step();
 
  private:
-  void ShowPosition() const;
+  void ShowPosition();
 
   const int range_;
   const int step_;
   int position_ = 0;
-  int pixels_ = 0;  // how much of the bar is filled
-  int width_ = 0;   // of the bar, in pixels
+  DWORD shown_ = 0;  // when the position was last shown, by GetTickCount
   HWND parent_ = nullptr;
   HWND window_ = nullptr;
   HWND bar_ = nullptr;
