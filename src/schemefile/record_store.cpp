@@ -13,6 +13,11 @@ bool HasKeys(const SchemeRecord& record, std::string_view key1, std::string_view
   return record.Key2 == key2 && record.Key1 == key1;
 }
 
+std::uint32_t HashKeys(std::string_view key1, std::string_view key2) {
+  const std::hash<std::string_view> hash;
+  return static_cast<std::uint32_t>(hash(key1) * 31 + hash(key2));
+}
+
 std::string Terminated(std::string_view text) {
   std::string terminated;
   terminated.reserve(text.size() + 1);
@@ -67,23 +72,25 @@ const SchemeRecord* RecordStore::Find(std::string_view key1, std::string_view ke
     return &records_[readCursor_];
   if (records_.empty()) return nullptr;
   if (index_.empty()) BuildIndex();
-  const std::uint32_t position = Slot(key1, key2);
+  const std::uint32_t position = FindSlot(HashKeys(key1, key2), key1, key2).Position;
   return position ? &records_[position - 1] : nullptr;
 }
 
-std::uint32_t& RecordStore::Slot(std::string_view key1, std::string_view key2) {
-  const std::hash<std::string_view> hash;
+RecordStore::Slot& RecordStore::FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2) {
   const std::size_t mask = index_.size() - 1;
-  std::size_t slot = (hash(key1) * 31 + hash(key2)) & mask;
-  while (index_[slot] && !HasKeys(records_[index_[slot] - 1], key1, key2))
-    slot = (slot + 1) & mask;
-  return index_[slot];
+  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+    Slot& slot = index_[i];
+    if (!slot.Position) return slot;
+    if (slot.Hash == hash && HasKeys(records_[slot.Position - 1], key1, key2)) return slot;
+  }
 }
 
 void RecordStore::BuildIndex() {
   index_.resize(std::bit_ceil(records_.size() * 2));
-  for (std::size_t i = 0; i < records_.size(); ++i) {
-    Slot(records_[i].Key1, records_[i].Key2) = static_cast<std::uint32_t>(i + 1);
+  std::uint32_t position = 0;
+  for (const SchemeRecord& record : records_) {
+    const std::uint32_t hash = HashKeys(record.Key1, record.Key2);
+    FindSlot(hash, record.Key1, record.Key2) = {hash, ++position};
   }
 }
 

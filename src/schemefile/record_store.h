@@ -44,17 +44,23 @@ class RecordStore {
   bool ImportFailed = false;
 
  private:
+  // A place in the index: a record's position in the list, counted from 1 (0 is a free place), with the hash
+  // of its keys, which tells most others without a look at them.
+  struct Slot {
+    std::uint32_t Hash = 0;
+    std::uint32_t Position = 0;
+  };
+
   const SchemeRecord* Find(std::string_view key1, std::string_view key2);
-  // The slot of the index that holds a record with these keys, or the free one where it belongs.
-  std::uint32_t& Slot(std::string_view key1, std::string_view key2);
+  // The slot of a record with these keys, or the free one where it belongs.
+  Slot& FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2);
   void BuildIndex();
 
   std::vector<SchemeRecord> records_;
   std::uint32_t readCursor_ = 0;
-  // A hash table with linear probing: the position, counted from 1, of the last record with certain keys; 0
-  // is a free slot. Its size is a power of two. Empty until a look-up misses the cursor, and again after
-  // every change of the list.
-  std::vector<std::uint32_t> index_;
+  // A hash table with linear probing that leads to the last record with certain keys. Its size is a power of
+  // two. Empty until a look-up misses the cursor, and again after every change of the list.
+  std::vector<Slot> index_;
 };
 
 // The one store of the process.
