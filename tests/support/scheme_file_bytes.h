@@ -19,7 +19,8 @@ inline std::string FileBytes(const std::string& text) {
     const std::string key1 = line.substr(0, line.find(": "));
     std::istringstream items(line.substr(key1.size() + 1));
     for (std::string item; std::getline(items, item, ';');) {
-      file += key1 + item.replace(item.find('='), 1, "|").replace(0, 1, "|") + "|";
+      const std::size_t equals = item.find('=');
+      file += key1 + '|' + item.substr(1, equals - 1) + '|' + item.substr(equals + 1) + '|';
     }
   }
   return Bytes(file);

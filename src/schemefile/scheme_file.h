@@ -1,0 +1,41 @@
+// A scheme file on disk: the records of one export or import.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "schemefile/scheme_record.h"
+
+// Made for one export or import. Messages and the progress window are shown over `owner`.
+class SchemeFile {
+ public:
+  explicit SchemeFile(HWND owner) : owner_(owner) {}
+
+  // Reads every scheme of the machine and makes this object's records of them, in place of what it held.
+  // Where the Schemes key is missing, says so and ends the process (SchemeCatalogue::LoadCatalogue). Answers
+  // the number of records.
+  std::size_t Save();
+
+  // Writes the signature and the records, as they stand, to `path`, over an existing file (CreateFileA,
+  // WriteFile). Writes nothing when `folder` does not exist (_access, mode 0). Shows nothing. False when any
+  // byte may not have reached the disk; an incomplete file is then left behind.
+  [[nodiscard]] bool Write(const std::string& folder, const std::string& path) const;
+
+  // Deletes the file if it may be written to (_access, mode 2; DeleteFileA). Shows nothing.
+  static void Remove(const std::string& path);
+
+  // Imports the file at `path` into the registry. Tells the user, and changes nothing, when `testPath` may
+  // not be written to (_access, mode 2: write-protected files are refused), when the file cannot be read,
+  // when there is too little memory for it, or when it does not begin with the signature. Answers the number
+  // of its records, 0 for a file that was refused.
+  std::size_t Read(const std::string& testPath, const std::string& path);
+
+ private:
+  std::size_t Import(const std::string& path);
+
+  const HWND owner_;
+  std::vector<SchemeRecord> records_;
+};

@@ -1,0 +1,302 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <string>
+
+#include "controls/progress_bar_ids.h"
+#include "model/scheme_storage.h"
+#include "registry/registry_paths.h"
+#include "schemefile/exchange_commands.h"
+#include "schemefile/record_store.h"
+#include "schemefile/scheme_file.h"
+#include "support/dialog_script.h"
+#include "support/registry_test.h"
+#include "support/scheme_file_bytes.h"
+#include "support/scratch_folder.h"
+
+namespace {
+
+constexpr char kReadProblem[] =
+    "Unable to read the file specified.\nThis is due to the file being damaged,\n"
+    "protected or unreadable for another reason";
+constexpr char kLoadProblem[] = "This does not appear to be a valid Kelvanstead Scheme Manager File.";
+constexpr char kFolderProblem[] = "The folder you have specified is read only, please pick another";
+constexpr char kExportProblem[] =
+    "There was a problem exporting your schemes file.\n"
+    "This may be due to the disk being full, corrupt or protected.\n\n"
+    "If the file appears to have been created it should not be\nrelied upon as correct";
+
+constexpr char kImportProblem[] =
+    "There was a problem importing your schemes file.\n"
+    "This may be due to the disk being corrupt or protected.\n\n"
+    "If the file appears to have been imported the settings should not be relied \nupon as correct";
+
+SchemeProperties Infants() {
+  SchemeProperties scheme;
+  scheme.Name = "Infants";
+  scheme.FolderDisplay.Assign(
+      {{"Work", "H:\\", 0xFFFFFFFF, "shut.ico", "open.ico", "Long", "Short", "a.wav", 7}});
+  scheme.WebLinks.Assign({{"Maps", "http://m?a=\"b\"", "m.ico", "Far", "Near", "m.wav"}, WebLink()});
+  scheme.Tabs = {1, 0, 1};
+  scheme.ToolBars[0] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+  scheme.ToolBars[1] = {17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32};
+  scheme.ToolBars[2] = {33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48};
+  scheme.Defaults = {"tree2", 51, 52, 53, 54, 55, 56};
+  return scheme;
+}
+
+SchemeProperties Named(const std::string& name, std::size_t roots) {
+  SchemeProperties scheme;
+  scheme.Name = name;
+  scheme.FolderDisplay.Assign(std::vector<FolderRoot>(roots));
+  return scheme;
+}
+
+// The export of Infants and of an empty scheme.
+std::string ExpectedFile() {
+  const std::string blankPage =
+      "Back=0; Copy=0; Cut=0; Delete=0; Forward=0; Help=0; Icon=0; New=0; Paste=0; Print=0; Refresh=0; "
+      "Rename=0; "
+      "Side=0; Undo=0; Up=0; View=0\n";
+  return FileBytes(
+      "Config Hive: Config1=Infants; Infants=For Infants; Config2=\xC9t\xE9 - Tabs; \xC9t\xE9 - Tabs=For "
+      "\xC9t\xE9 - Tabs\n"
+      "Scheme Count: The number of schemes=2\n"
+      "Scheme0: Name of scheme=Infants\n"
+      "Infants - FolderDisplay: RootFoldersCount=1\n"
+      "Infants - FolderDisplay - Root 1: CollapsedIconFile=shut.ico; ExpandedIconFile=open.ico; "
+      "RootDisplayName=Work; RootPath=H:\\; DenyModify=7; FolderLevels=-1; LongToolTip=Long; "
+      "ShortToolTip=Short; "
+      "Wav File=a.wav\n"
+      "Infants - Folder Display: WeblinksCount=2\n"
+      "Infants - Weblinks - WebLink 1: DisplayName=Maps; URL=http://m?a=\"b\"; IconFile=m.ico; "
+      "LongToolTip=Far; "
+      "ShortToolTip=Near; Wav File=m.wav\n"
+      "Infants - Weblinks - WebLink 2: DisplayName=; URL=; IconFile=; LongToolTip=; ShortToolTip=; Wav "
+      "File=\n"
+      "Infants - Tabs: Page1=1; Page2=0; Page3=1\n"
+      "Infants - ToolBars - Page 1: Back=1; Copy=6; Cut=5; Delete=8; Forward=2; Help=14; Icon=12; New=3; "
+      "Paste=7; "
+      "Print=10; Refresh=11; Rename=4; Side=16; Undo=9; Up=15; View=13\n"
+      "Infants - ToolBars - Page 2: Back=17; Copy=22; Cut=21; Delete=24; Forward=18; Help=30; Icon=28; "
+      "New=19; "
+      "Paste=23; Print=26; Refresh=27; Rename=20; Side=32; Undo=25; Up=31; View=29\n"
+      "Infants - ToolBars - Page 3: Back=33; Copy=38; Cut=37; Delete=40; Forward=34; Help=46; Icon=44; "
+      "New=35; "
+      "Paste=39; Print=42; Refresh=43; Rename=36; Side=48; Undo=41; Up=47; View=45\n"
+      "Infants - Defaults: DefaultView=tree2; DefaultIconSize=51; DefaultFirstTab=52; ShortToolTips=53; "
+      "Silent=54; "
+      "Context Menu=55; Options Menu=56\n"
+      "Scheme1: Name of scheme=\xC9t\xE9 - Tabs\n"
+      "\xC9t\xE9 - Tabs - FolderDisplay: RootFoldersCount=0\n"
+      "\xC9t\xE9 - Tabs - Folder Display: WeblinksCount=0\n"
+      "\xC9t\xE9 - Tabs - Tabs: Page1=0; Page2=0; Page3=0\n"
+      "\xC9t\xE9 - Tabs - ToolBars - Page 1: " +
+      blankPage + "\xC9t\xE9 - Tabs - ToolBars - Page 2: " + blankPage +
+      "\xC9t\xE9 - Tabs - ToolBars - Page 3: " + blankPage +
+      "\xC9t\xE9 - Tabs - Defaults: DefaultView=; DefaultIconSize=0; DefaultFirstTab=0; ShortToolTips=0; "
+      "Silent=0; "
+      "Context Menu=0; Options Menu=0\n");
+}
+
+// Every test has a machine with the shell but without schemes, a window for messages and a folder for files.
+class ExchangeTest : public RegistryTest {
+ protected:
+  void SetUp() override {
+    RegistryTest::SetUp();
+    ClearSchemes();
+    window_ = CreateWindowA("STATIC", "Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300, 200, nullptr,
+                            nullptr, nullptr, nullptr);
+  }
+  void TearDown() override {
+    EXPECT_TRUE(IsWindowEnabled(window_));
+    DestroyWindow(window_);
+    RegistryTest::TearDown();
+  }
+
+  void ClearSchemes() {
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
+    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "");
+  }
+  void Add(const SchemeProperties& scheme) {
+    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"" + scheme.Name + "\"=\"For " + scheme.Name + "\"");
+    ASSERT_TRUE(SaveSchemeProperties(scheme.Name, scheme));
+  }
+  void AddTwoSchemes() {
+    Add(Infants());
+    Add(Named("\xC9t\xE9 - Tabs", 0));
+  }
+  std::string Schemes() { return DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey); }
+
+  // The names of the schemes that have a key, each with its number of roots.
+  std::string RootCounts() {
+    UniqueKey key;
+    RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSchemesKey, 0, KEY_READ, key.Put());
+    std::string counts;
+    char name[256];
+    for (DWORD i = 0; RegEnumKeyA(key.Get(), i, name, sizeof(name)) == ERROR_SUCCESS; ++i) {
+      SchemeProperties scheme;
+      (void)LoadFolderDisplay(name, scheme);
+      counts += std::string(name) + ":" + std::to_string(scheme.FolderDisplay.Count) + " ";
+    }
+    return counts;
+  }
+
+  HWND window_ = nullptr;
+  const ScratchFolder folder_;
+  const std::string path_ = folder_.File("schemes.ksf");
+};
+
+TEST_F(ExchangeTest, ExportIsTheSameByteForByte) {
+  SchemeFile file(window_);
+  EXPECT_EQ(file.Save(), 1u);
+  ASSERT_TRUE(file.Write(folder_.Path(), path_));
+  EXPECT_EQ(ReadFileBytes(path_), FileBytes("Scheme Count: The number of schemes=0"));
+  AddTwoSchemes();
+  const std::size_t records = file.Save();
+  EXPECT_EQ(records, TheRecordStore().Count());
+  ASSERT_TRUE(file.Write(folder_.Path(), path_));
+  EXPECT_EQ(ReadFileBytes(path_), ExpectedFile());
+}
+
+TEST_F(ExchangeTest, ImportReplacesOnlyTheSchemesOfTheFile) {
+  Add(Named("Other", 3));
+  Add(Named("Infants", 2));
+  WriteFileBytes(path_, ExpectedFile());
+  SchemeFile(window_).Read(path_, path_);
+  EXPECT_EQ(RootCounts(), "Infants:1 Other:3 \xC9t\xE9 - Tabs:0 ");
+  // What is beyond the new count stays behind.
+  EXPECT_NE(Schemes().find("[Infants\\FolderDisplay\\Root 2]"), std::string::npos);
+}
+
+TEST_F(ExchangeTest, DamageCostsWhatItHit) {
+  const std::string both = "Infants:1 \xC9t\xE9 - Tabs:0 ", first = "Infants:1 ";
+  const std::string count = "schemes|2", name = "Scheme1|Name of scheme|\xC9t\xE9 - Tabs|";
+  // The first occurrence of a text gives way to another; nothing is left behind `to` when `cut`.
+  const struct {
+    const char* what;
+    std::string from, to;
+    bool cut;
+    std::string title, schemes;
+  } cases[] = {
+      {"whole", "", "", false, "", both},
+      {"empty", "Kelv", "", true, "File Load Problem", ""},
+      {"shorter than the signature", "!|", "!", true, "File Load Problem", ""},
+      {"signature in another case", "Kelv", "kelv", false, "File Load Problem", ""},
+      {"signature without its end", "!|", "!!", false, "File Load Problem", ""},
+      {"signature only", "!|", "!|", true, "", ""},
+      {"one byte more", "!|C", "!|C", true, "", ""},
+      {"empty first key", "!|", "!||", false, "", both},
+      {"cut inside the roots", "RootPath", "", true, "", first},
+      {"no count", count, "schools|2", false, "", ""},
+      {"count negative", count, "schemes|-2", false, "", ""},
+      {"count too small", count, "schemes|1", false, "", first},
+      {"count too large", count, "schemes|99", false, "", both},
+      {"count absurd", count, "schemes|99999999999", false, "", both},
+      {"roots missing", "RootFoldersCount|1", "RootFoldersCount|3", false, "",
+       "Infants:3 \xC9t\xE9 - Tabs:0 "},
+      {"blank name", name, "Scheme1|Name of scheme||", false, "", first},
+      {"name with a backslash", name, "Scheme1|Name of scheme|a\\b|", false, "", first},
+      {"name with a NUL", name, std::string("Scheme1|Name of scheme|a\0b|", 27), false, "", first},
+      {"over-long name", name, "Scheme1|Name of scheme|" + std::string(256, 'n') + "|", false, "", first},
+      {"terminator in a name", name, "Scheme1|Name of scheme|Up||", false, "", first + "Up:0 "},
+  };
+  for (const auto& damage : cases) {
+    SCOPED_TRACE(damage.what);
+    ClearSchemes();
+    std::string file = ExpectedFile();
+    const std::size_t place = file.find(Bytes(damage.from));
+    ASSERT_NE(place, std::string::npos);
+    file.replace(place, damage.cut ? std::string::npos : damage.from.size(), Bytes(damage.to));
+    WriteFileBytes(path_, file);
+    DialogScript script;
+    if (!damage.title.empty()) script.ExpectMessage(damage.title, kLoadProblem);
+    SchemeFile(window_).Read(path_, path_);
+    EXPECT_EQ(RootCounts(), damage.schemes);
+  }
+}
+
+TEST_F(ExchangeTest, RefusesFilesThatCannotBeRead) {
+  WriteFileBytes(path_, ExpectedFile());
+  const auto expectRefusal = [this](const std::string& path) {
+    DialogScript script;
+    script.ExpectMessage("Read Problem", kReadProblem);
+    EXPECT_EQ(SchemeFile(window_).Read(path, path), 0u);
+    EXPECT_EQ(RootCounts(), "");
+  };
+  expectRefusal(folder_.File("missing.ksf"));
+  expectRefusal(folder_.Path());
+  SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_READONLY);
+  expectRefusal(path_);
+  SchemeFile::Remove(path_);
+  EXPECT_EQ(ReadFileBytes(path_), ExpectedFile());
+  SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_NORMAL);
+  const UniqueFile inUse(CreateFileA(path_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  expectRefusal(path_);
+}
+
+// The messages of a failed store hold the progress window open, to be looked at.
+TEST_F(ExchangeTest, SaysWhenTheStoreHasFailed) {
+  DialogScript script;
+  const auto expectProgress = [&](const char* text) -> DialogScript& {
+    return script.Expect("Kelvanstead Scheme Manager", [=, this](HWND progress) {
+      EXPECT_EQ(ControlText(progress, IDC_PROGRESS_TEXT), text);
+      EXPECT_EQ(ControlText(progress, IDCANCEL), "Cancel");
+      EXPECT_FALSE(IsWindowEnabled(GetDlgItem(progress, IDCANCEL)));
+      EXPECT_FALSE(IsWindowEnabled(window_));
+    });
+  };
+  TheRecordStore().ExportFailed = TheRecordStore().ImportFailed = true;
+  expectProgress("Saving your file to disk").ExpectMessage("Export Problem", kExportProblem);
+  SchemeFile(window_).Save();
+  WriteFileBytes(path_, ExpectedFile());
+  expectProgress("Loading your file from disk").ExpectMessage("Import Problem", kImportProblem);
+  SchemeFile(window_).Read(path_, path_);
+  TheRecordStore().ExportFailed = TheRecordStore().ImportFailed = false;
+}
+
+// Names a file in a file dialog and confirms.
+DialogScript::Action ChooseFile(const std::string& path) {
+  return [path](HWND dialog) {
+    constexpr int kNameCombo = 1148, kNameEdit = 1152;
+    SetDlgItemTextA(dialog, GetDlgItem(dialog, kNameCombo) ? kNameCombo : kNameEdit, path.c_str());
+    Click(dialog, IDOK);
+  };
+}
+
+std::string WorkingFolder() { return std::filesystem::current_path().string(); }
+
+TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
+  AddTwoSchemes();
+  const std::string schemes = Schemes(), workingFolder = WorkingFolder();
+  DialogScript script;
+  script.Expect("Save As", ChooseFile(folder_.File("backup")));
+  SaveToDisk(window_);
+  EXPECT_EQ(ReadFileBytes(folder_.File("backup.ksf")), ExpectedFile());
+
+  ClearSchemes();
+  script.Expect("Open", [](HWND dialog) { Click(dialog, IDCANCEL); });
+  EXPECT_FALSE(LoadFromDisk(window_));
+  EXPECT_EQ(RootCounts(), "");
+  script.Expect("Open", ChooseFile(folder_.File("backup.ksf")));
+  EXPECT_TRUE(LoadFromDisk(window_));
+  EXPECT_EQ(Schemes(), schemes);
+  EXPECT_EQ(WorkingFolder(), workingFolder);
+}
+
+TEST_F(ExchangeTest, SaysWhatKeepsItFromSaving) {
+  DialogScript script;
+  script.Expect("Save As", ChooseFile(folder_.File("none\\a.ksf")))
+      .ExpectMessage("Export Problem", kFolderProblem);
+  SaveToDisk(window_);
+  WriteFileBytes(path_, "old");
+  const UniqueFile inUse(
+      CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  script.Expect("Save As", ChooseFile(path_))
+      .Expect("Error", [](HWND overwrite) { Click(overwrite, IDYES); })  // so Wine calls the question
+      .ExpectMessage("Export Problem", kExportProblem);
+  SaveToDisk(window_);
+  EXPECT_EQ(ReadFileBytes(path_), "old");
+}
+
+}  // namespace
