@@ -14,55 +14,46 @@ namespace {
 // Every value of a section, in the order of its records: "registry name:file label", numbers marked with #.
 // Where the two are the same, one.
 struct SectionCase {
-  const char* Key;
-  const char* Label;
-  const char* Rows;
-  const char* RecordLabel = nullptr;  // of the section's list, if it has one
+  std::string Key;
+  std::string Label;
+  std::string Rows;
+  std::string RecordLabel;  // of the section's list, if it has one
 };
 
-constexpr SectionCase kSections[] = {
-    {"Executables", " - Executables", "Class Selector,End Session"},
+const std::string kCommonRows = "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button";
+const std::string kPaneRows =
+    kCommonRows +
+    ",#LeftMargin:Left Margin,#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical "
+    "Menu,#AlignRight:Align Right,BGColour:BG Colour,BGImg:BG Img";
+const SectionCase kSections[] = {
+    {"Executables", " - Executables", "Class Selector,End Session", ""},
     {"FolderDisplay", " - Folder Display",
      "DateFormat,LastSelectedDir,LastSelectedFile,ViewStyle,#RootFoldersCount,#UseLargeIcons",
      " - Folder Display - "},
-    {"MyPrograms", " - My Programs",
-     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button", " - My Programs - "},
-    {"MyWork", " - My Work",
-     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,#LeftMargin:Left Margin,"
-     "#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical Menu,#AlignRight:Align Right,"
-     "BGColour:BG Colour,BGImg:BG Img,VertDarkImg:Vert Dark Image,VertLightImg:Vert Light Image",
+    {"MyPrograms", " - My Programs", kCommonRows, " - My Programs - "},
+    {"MyWork", " - My Work", kPaneRows + ",VertDarkImg:Vert Dark Image,VertLightImg:Vert Light Image",
      " - My Work - "},
-    {"PaneSelection", " - PaneSelection",
-     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,#LeftMargin:Left Margin,"
-     "#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical Menu,#AlignRight:Align Right,"
-     "BGColour:BG Colour,BGImg:BG Img",
-     " - Pane Selection - "},
+    {"PaneSelection", " - PaneSelection", kPaneRows, " - Pane Selection - "},
     {"ScreenSettings", " - Screen Settings",
-     "#Maximised,#StartHeight,#StartWidth,#X_StartPos:X Start Position,#Y_StartPos:Y Start Position"},
+     "#Maximised,#StartHeight,#StartWidth,#X_StartPos:X Start Position,#Y_StartPos:Y Start Position", ""},
     {"SystemMenu", " - System Menu",
-     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,#LeftMargin:Left Margin,"
-     "#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical Menu,#AlignRight:Align Right,"
-     "BGColour:BG Colour,BGImg:BG Img,BackGroundImg:Background Image,BackGroundColour:Background Colour",
-     " - System Menu - "},
+     kPaneRows + ",BackGroundImg:Background Image,BackGroundColour:Background Colour", " - System Menu - "},
     {"ToolBar", " - Tool Bar",
-     "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button,"
-     "#VerticalMenu:Vertical Menu,#AlignRight:Align Right,BackGroundImg:Background Image",
+     kCommonRows + ",#VerticalMenu:Vertical Menu,#AlignRight:Align Right,BackGroundImg:Background Image",
      " - Tool Bar - "},
 };
 
-constexpr char kRootRows[] =
+const std::string kRootRows =
     "CollapsedIconFile,ExpandedIconFile,RootDisplayName,RootPath,#CollapsedIconIndex,#DenyModify,"
     "#ExpandedIconIndex,#FolderLevels";
-constexpr char kButtonRows[] =
-    "AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,JScript,Name,"
-    "SupportedDefault:Supported Default ,Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ";
-constexpr char kMyWorkButtonRows[] =
-    "AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,AgentMsg:Agent Msg ,JScript,"
-    "Name,SupportedDefault:Supported Default ,Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ";
-constexpr char kToolBarButtonRows[] =
-    "AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,JScript,Name,"
-    "SupportedDefault:Supported Default ,Text,ToolTip:Tooltip ,URL,WavFile:Wave File";
-constexpr char kImageRows[] = "Selected,Over,NotSelected:Not Selected";
+std::string ButtonRows(const std::string& section) {
+  const bool toolBar = section == "ToolBar";
+  return std::string("AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,") +
+         (section == "MyWork" ? "AgentMsg:Agent Msg ," : "") +
+         "JScript,Name,SupportedDefault:Supported Default ," +
+         (toolBar ? "Text,ToolTip:Tooltip ,URL,WavFile:Wave File"
+                  : "Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ");
+}
 
 // A configuration in which every value is another, as the registry and as a file hold it.
 struct Golden {
@@ -71,24 +62,20 @@ struct Golden {
 
   Golden() {
     for (const SectionCase& section : kSections) {
-      Add(section.Key, std::string("S") + section.Label, section.Rows);
-      if (!section.RecordLabel) continue;
+      Add(section.Key, "S" + section.Label, section.Rows);
+      if (section.RecordLabel.empty()) continue;
+      const bool hasRoots = section.Key == "FolderDisplay";
       for (const char* n : {"1", "2"}) {
-        const std::string key = section.Key;
-        const bool isRoot = key == "FolderDisplay";
-        const std::string name = (isRoot ? "Root" : "Button") + std::string(n);
-        const std::string owner = std::string("S") + section.RecordLabel + name;
-        Add(key + "\\" + name, owner,
-            isRoot             ? kRootRows
-            : key == "MyWork"  ? kMyWorkButtonRows
-            : key == "ToolBar" ? kToolBarButtonRows
-                               : kButtonRows);
-        if (!isRoot) Add(key + "\\" + name + "\\Images", owner + "Images", kImageRows);
+        const std::string name = std::string(hasRoots ? "Root" : "Button") + n;
+        const std::string key = section.Key + "\\" + name;
+        const std::string owner = "S" + section.RecordLabel + name;
+        Add(key, owner, hasRoots ? kRootRows : ButtonRows(section.Key));
+        if (!hasRoots) Add(key + "\\Images", owner + "Images", "Selected,Over,NotSelected:Not Selected");
       }
     }
   }
 
-  void Add(const std::string& key, const std::string& owner, const char* rows) {
+  void Add(const std::string& key, const std::string& owner, const std::string& rows) {
     Tree += "[" + key + "]\n";
     std::istringstream list(rows);
     for (std::string row; std::getline(list, row, ',');) {
@@ -155,23 +142,14 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
 
 TEST_F(ConfigurationSectionsTest, MembersAreNamedAfterTheirValues) {
   WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), R"(
-    [MyWork]
-    "LeftMargin"=dword:1
-    "TopMargin"=dword:ffffffff
-    "Buttons"=dword:1
-    "BGColour"="colour"
-    "BGImg"="image"
-    [MyWork\Button1\Images]
-    "Over"="over"
-    [SystemMenu]
-    "BackGroundColour"="colour"
-    "BackGroundImg"="image")");
+    [MyWork] "LeftMargin"=dword:1 "TopMargin"=dword:ffffffff "Buttons"=dword:1 "BGImg"="image"
+    [MyWork\Button1\Images] "Over"="over"
+    [SystemMenu] "BackGroundColour"="colour" "BackGroundImg"="image")");
   EXPECT_FALSE(config_.LoadFromRegistry("S"));  // most of it is missing
   MyWorkSection work;
   work.LeftMargin = 1;
   work.TopMargin = 0xFFFFFFFF;
   work.Buttons = 1;
-  work.BGColour = "colour";
   work.BGImg = "image";
   work.ButtonList.resize(1);
   work.ButtonList[0].KeyName = "Button1";
@@ -221,9 +199,9 @@ TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
     list->resize(1);
   }
   for (const SectionCase& section : kSections) {
-    const std::string key = section.Key;
+    const std::string& key = section.Key;
     ExpectCaution(key);
-    if (!section.RecordLabel) continue;
+    if (section.RecordLabel.empty()) continue;
     ExpectCaution(key + (key == "FolderDisplay" ? "\\Root1" : "\\Button1"));
     if (key != "FolderDisplay") ExpectCaution(key + "\\Button1\\Images");
   }

@@ -1,9 +1,11 @@
 #include "support/registry_test.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <map>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -122,55 +124,61 @@ std::string Format(const Tree& tree) {
   return text;
 }
 
-// Takes a quoted text off the front of `line`.
-std::string ParseQuoted(std::string& line) {
+// The parsers take what they answer off the front of the text.
+std::string ParseQuoted(const char*& at) {
   std::string text;
-  std::size_t i = 1;
-  for (; i < line.size() && line[i] != '"'; ++i) {
-    if (line[i] == '\\') ++i;
-    text += line.at(i);
+  for (++at; *at != '"'; ++at) {
+    if (*at == '\\') ++at;
+    if (*at == '\0') throw std::runtime_error("no closing quote after " + text);
+    text += *at;
   }
-  line.erase(0, i + 1);
+  ++at;
   return text;
 }
 
-Value ParseData(std::string data) {
-  if (data.starts_with("\"")) return {REG_SZ, ParseQuoted(data) + '\0'};
-  const auto number = [](const std::string& text) {
-    return static_cast<DWORD>(std::stoul(text, nullptr, 16));
-  };
+DWORD ParseNumber(const char*& at) {
+  char* end = nullptr;
+  const DWORD number = std::strtoul(at, &end, 16);
+  at = end;
+  return number;
+}
+
+Value ParseData(const char*& at) {
+  const std::string_view data(at);
+  if (data.starts_with('"')) return {REG_SZ, ParseQuoted(at) + '\0'};
   if (data.starts_with("dword:")) {
-    const DWORD stored = number(data.substr(6));
+    const DWORD stored = ParseNumber(at += std::strlen("dword:"));
     return {REG_DWORD, std::string(reinterpret_cast<const char*>(&stored), sizeof(stored))};
   }
-  if (!data.starts_with("hex(")) throw std::runtime_error("not a value: " + data);
-  Value value{number(data.substr(4)), ""};
-  std::istringstream bytes(data.substr(data.find(':') + 1));
-  for (std::string byte; bytes >> byte;)
-    value.Data += static_cast<char>(number(byte));
+  if (!data.starts_with("hex(")) throw std::runtime_error("not a value: " + std::string(data));
+  Value value{ParseNumber(at += std::strlen("hex(")), ""};
+  at += std::strlen("):");
+  for (char* end = nullptr;; at = end) {
+    const DWORD byte = std::strtoul(at, &end, 16);
+    if (end == at) break;
+    value.Data += static_cast<char>(byte);
+  }
   return value;
 }
 
 Tree Parse(const std::string& text) {
   Tree tree;
-  std::istringstream lines(text);
   std::string key;
-  for (std::string line; std::getline(lines, line);) {
-    line.erase(0, line.find_first_not_of(" \t"));
-    if (line.empty()) continue;
-    if (line.starts_with("[")) {
-      key = line.substr(1, line.rfind(']') - 1);
+  const char* at = text.c_str();
+  const auto next = [&at] { return *(at += std::strspn(at, " \n")); };
+  while (next() != '\0') {
+    if (*at == '[') {
+      const char* const end = std::strchr(at, ']');
+      if (!end) throw std::runtime_error("not a key: " + std::string(at));
+      key.assign(at + 1, end);
       tree[key];
+      at = end + 1;
       continue;
     }
-    std::string name;
-    if (line.starts_with("\"")) {
-      name = ParseQuoted(line);
-    } else if (line.starts_with("@")) {
-      line.erase(0, 1);
-    }
-    if (!line.starts_with("=")) throw std::runtime_error("not a line of a tree: " + line);
-    tree[key][name] = ParseData(line.substr(1));
+    const std::string name = *at == '"' ? ParseQuoted(at) : std::string();
+    at += name.empty() && *at == '@';
+    if (*at++ != '=') throw std::runtime_error("not a value of " + key + ": " + at);
+    tree[key][name] = ParseData(at);
   }
   return tree;
 }

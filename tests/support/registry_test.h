@@ -14,7 +14,7 @@
 //   "Zero bytes"=hex(1):        any other type or data: the type and every stored byte
 //   "No NUL"=hex(1):61 62
 //
-// Indentation and blank lines do not count, nor does the order of keys and values.
+// Blanks and line breaks between them do not count, nor does the order of keys and values.
 #pragma once
 
 #include <gtest/gtest.h>
