@@ -1,0 +1,5 @@
+#pragma once
+
+#define IDC_PICTURES 1040
+#define IDC_PICTURE_FILE 1041
+#define IDC_BROWSE_PICTURE 1042

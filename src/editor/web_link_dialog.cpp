@@ -1,0 +1,73 @@
+#include "editor/web_link_dialog.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "app/settings.h"
+#include "controls/message.h"
+#include "editor/text_entry.h"
+#include "editor/web_link_dialog_ids.h"
+#include "resources/resource_ids.h"
+
+namespace {
+
+struct TextField {
+  int Id;
+  std::string WebLink::*Member;
+  const TextRule& Rule;
+};
+
+constexpr TextField kTextFields[] = {
+    {IDC_LINK_NAME, &WebLink::DisplayName, kLinkNameRule},
+    {IDC_LINK_URL, &WebLink::URL, kLinkUrlRule},
+    {IDC_LINK_LONG_TOOLTIP, &WebLink::LongToolTip, kLongToolTipRule},
+    {IDC_LINK_SHORT_TOOLTIP, &WebLink::ShortToolTip, kShortToolTipRule},
+};
+
+}  // namespace
+
+CWebLinkDialog::CWebLinkDialog(WebLink& link) : CDialog(IDD_WEB_LINK), link_(link), pictures_(folders_) {}
+
+bool CWebLinkDialog::OnInitDialog() {
+  for (const TextField& field : kTextFields)
+    SetItemText(field.Id, link_.*field.Member);
+  pictures_.Fill(Item(IDC_LINK_PICTURES), folders_.Bitmaps(), link_.IconFile);
+  return true;
+}
+
+void CWebLinkDialog::OnCommand(int id, int code) {
+  if (id == IDHELP) return OnHelp();
+  if (code == EN_CHANGE) OnTextChange(id);
+}
+
+void CWebLinkDialog::OnTextChange(int id) {
+  for (const TextField& field : kTextFields)
+    if (field.Id == id) ApplyTextRule(Window(), id, field.Rule);
+}
+
+LRESULT CWebLinkDialog::OnNotify(const NMHDR& header) {
+  return header.idFrom == IDC_LINK_PICTURES ? pictures_.OnNotify(header) : 0;
+}
+
+void CWebLinkDialog::OnHelp() { ShowHelp(); }
+
+void CWebLinkDialog::OnOK() {
+  const std::string url = ItemText(IDC_LINK_URL);
+  if (ItemText(IDC_LINK_NAME).empty()) {
+    ShowMessage(nullptr, "The Name is missing.\n\rPlease enter the Name and try again.", "Missing Name");
+    return FocusItem(IDC_LINK_NAME);
+  }
+  if (url.empty()) {
+    ShowMessage(nullptr, "The URL is missing.\n\rPlease enter the URL and try again.", "Missing URL");
+    return FocusItem(IDC_LINK_URL);
+  }
+  if (!CheckUrl(url)) {
+    SetItemText(IDC_LINK_URL, "");
+    return FocusItem(IDC_LINK_URL);
+  }
+  for (const TextField& field : kTextFields)
+    link_.*field.Member = ItemText(field.Id);
+  link_.IconFile = pictures_.Chosen();
+  EndDialog(IDOK);
+}

@@ -1,0 +1,26 @@
+// Edits one web link.
+#pragma once
+
+#include "controls/dialog.h"
+#include "editor/picture_list.h"
+#include "model/scheme_properties.h"
+
+class CWebLinkDialog : public CDialog {
+ public:
+  // `link` is changed when the dialog is confirmed, and keeps what the dialog does not show.
+  explicit CWebLinkDialog(WebLink& link);
+
+ protected:
+  bool OnInitDialog() override;
+  void OnCommand(int id, int code) override;
+  LRESULT OnNotify(const NMHDR& header) override;
+  void OnHelp() override;
+  void OnOK() override;
+
+ private:
+  void OnTextChange(int id);
+
+  WebLink& link_;
+  PictureFolders folders_;
+  CPictureList pictures_;
+};
