@@ -92,9 +92,7 @@ struct CImageButton::Look {
   bool mnemonicShown;
 };
 
-CImageButton::~CImageButton() {
-  if (button_) RemoveWindowSubclass(button_, &Procedure, kSubclassId);
-}
+CImageButton::~CImageButton() { Detach(); }
 
 void CImageButton::Attach(HWND button) {
   Detach();

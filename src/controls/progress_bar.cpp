@@ -69,7 +69,7 @@ CProgressBar::~CProgressBar() {
 void CProgressBar::SetAllowCancel(int allow) { EnableWindow(GetDlgItem(window_, IDCANCEL), allow != 0); }
 
 void CProgressBar::Step() {
-  if (!window_) return;
+  if (!window_ || position_ == range_) return;
   position_ = static_cast<int>(std::min<long long>(range_, static_cast<long long>(position_) + step_));
   if (position_ == range_ || GetTickCount() - shown_ >= kShowInterval) ShowPosition();
 }

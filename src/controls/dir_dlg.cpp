@@ -1,0 +1,131 @@
+#include "controls/dir_dlg.h"
+
+#include <commctrl.h>
+#include <dlgs.h>
+
+#include <array>
+
+namespace {
+
+constexpr int kSelectId = 5000;
+constexpr UINT_PTR kSubclassId = 1;
+constexpr std::size_t kLongestPath = 1024;
+
+// No file matches ".", so that folders alone are listed.
+constexpr char kFilter[] = "Show Folders Only\0.\0";
+
+using PathBuffer = std::array<char, kLongestPath>;
+
+// Browsing moves the current folder of the process, for which GetOpenFileNameA ignores OFN_NOCHANGEDIR.
+class CurrentFolderKeeper {
+ public:
+  CurrentFolderKeeper() { GetCurrentDirectoryA(static_cast<DWORD>(folder_.size()), folder_.data()); }
+  ~CurrentFolderKeeper() { SetCurrentDirectoryA(folder_.data()); }
+  CurrentFolderKeeper(const CurrentFolderKeeper&) = delete;
+  CurrentFolderKeeper& operator=(const CurrentFolderKeeper&) = delete;
+
+ private:
+  PathBuffer folder_{};
+};
+
+// "" where the place being viewed is no folder of the file system, or its path is too long.
+std::string ViewedFolder(HWND frame) {
+  PathBuffer path{};
+  const LRESULT length =
+      SendMessageA(frame, CDM_GETFOLDERPATH, path.size(), reinterpret_cast<LPARAM>(path.data()));
+  if (length <= 0 || static_cast<std::size_t>(length) > path.size()) return {};
+  path.back() = '\0';
+  std::string folder = path.data();
+  if (!folder.empty() && folder.back() != '\\') folder += '\\';
+  return folder;
+}
+
+void CreateSelectButton(HWND frame) {
+  const HWND ok = GetDlgItem(frame, IDOK);
+  RECT area{};
+  GetWindowRect(ok, &area);
+  MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&area), 2);
+  const HWND select = CreateWindowExA(
+      0, "BUTTON", "Select", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, area.left, area.top,
+      area.right - area.left, area.bottom - area.top, frame,
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kSelectId)), GetModuleHandleA(nullptr), nullptr);
+  SendMessageA(select, WM_SETFONT, static_cast<WPARAM>(SendMessageA(ok, WM_GETFONT, 0, 0)), TRUE);
+  // The Tab key follows the order of the windows.
+  SetWindowPos(select, ok, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  SendMessageA(ok, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+  SendMessageA(frame, DM_SETDEFID, kSelectId, 0);
+}
+
+}  // namespace
+
+CDirDlg::CDirDlg(std::string initialFolder, HWND parent)
+    : initialFolder_(std::move(initialFolder)), parent_(parent) {}
+
+INT_PTR CDirDlg::DoModal() {
+  const CurrentFolderKeeper keeper;
+  PathBuffer file{};
+  OPENFILENAMEA dialog{};
+  dialog.lStructSize = sizeof(dialog);
+  dialog.hwndOwner = parent_;
+  dialog.lpstrFilter = kFilter;
+  dialog.lpstrFile = file.data();
+  dialog.nMaxFile = static_cast<DWORD>(file.size());
+  dialog.lpstrInitialDir = initialFolder_.size() < MAX_PATH ? initialFolder_.c_str() : nullptr;
+  dialog.lpstrTitle = "Choose a Folder";
+  dialog.Flags = OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER | OFN_ENABLEHOOK;
+  dialog.lCustData = reinterpret_cast<LPARAM>(this);
+  dialog.lpfnHook = &Hook;
+  selected_ = false;
+  folderPath_.clear();
+  // Its answer tells nothing: the frame is closed behind its back.
+  GetOpenFileNameA(&dialog);
+  return selected_ ? IDOK : IDCANCEL;
+}
+
+UINT_PTR CALLBACK CDirDlg::Hook(HWND child, UINT message, WPARAM, LPARAM lParam) {
+  if (message != WM_NOTIFY) return 0;
+  const auto& notification = *reinterpret_cast<const OFNOTIFYA*>(lParam);
+  const HWND frame = GetParent(child);
+  switch (notification.hdr.code) {
+    case CDN_INITDONE:
+      reinterpret_cast<CDirDlg*>(notification.lpOFN->lCustData)->OnInitDone(frame);
+      return 0;
+    case CDN_FOLDERCHANGE:
+      reinterpret_cast<CDirDlg*>(notification.lpOFN->lCustData)->OnFolderChange(frame);
+      return 0;
+    case CDN_FILEOK:
+      // A typed file name never closes the dialog.
+      SetWindowLongPtrA(child, DWLP_MSGRESULT, TRUE);
+      return TRUE;
+    default:
+      return 0;
+  }
+}
+
+LRESULT CALLBACK CDirDlg::FrameProcedure(HWND frame, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                         DWORD_PTR self) {
+  if (message == WM_COMMAND && LOWORD(wParam) == kSelectId) {
+    if (HIWORD(wParam) != BN_CLICKED) return 0;
+    reinterpret_cast<CDirDlg*>(self)->selected_ = true;
+    EndDialog(frame, IDOK);
+    return 0;
+  }
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(frame, &FrameProcedure, kSubclassId);
+  return DefSubclassProc(frame, message, wParam, lParam);
+}
+
+void CDirDlg::OnInitDone(HWND frame) {
+  SetDlgItemTextA(frame, stc3, "Folder Path:");
+  SetWindowSubclass(frame, &FrameProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  CreateSelectButton(frame);
+  for (const int id : {IDOK, stc2, cmb1})
+    ShowWindow(GetDlgItem(frame, id), SW_HIDE);
+}
+
+void CDirDlg::OnFolderChange(HWND frame) {
+  folderPath_ = ViewedFolder(frame);
+  // Some versions of the dialog have a combo box in place of the edit control.
+  const int nameId = GetDlgItem(frame, edt1) ? edt1 : cmb13;
+  SetDlgItemTextA(frame, nameId, folderPath_.c_str());
+  EnableWindow(GetDlgItem(frame, kSelectId), !folderPath_.empty());
+}

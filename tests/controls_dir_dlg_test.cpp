@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "controls/dir_dlg.h"
+#include "support/dialog_script.h"
+
+namespace {
+
+constexpr char kTitle[] = "Choose a Folder";
+constexpr int kSelect = 5000;
+constexpr int kTypedName = 1148;
+
+std::string CurrentFolder() {
+  char folder[MAX_PATH] = "";
+  GetCurrentDirectoryA(sizeof(folder), folder);
+  return folder;
+}
+
+TEST(DirDlg, AnswersTheViewedFolderWithATrailingBackslash) {
+  const struct {
+    const char* initial;
+    WPARAM key;  // 0 clicks "Select"
+    const char* path;
+  } cases[] = {
+      {"C:\\", 0, "C:\\"},
+      {"C:\\windows", 0, "C:\\windows\\"},
+      {"C:\\windows\\system32\\", VK_RETURN, "C:\\windows\\system32\\"},
+  };
+  for (const auto& [initial, key, path] : cases) {
+    SCOPED_TRACE(initial);
+    const std::string before = CurrentFolder();
+    DialogScript script;
+    script.Expect(kTitle, [key = key, path = path](HWND frame) {
+      EXPECT_EQ(ControlText(frame, 1090), "Folder Path:");
+      EXPECT_EQ(ControlText(frame, kTypedName), path);
+      EXPECT_EQ(LOWORD(SendMessageA(frame, DM_GETDEFID, 0, 0)), kSelect);
+      for (const int hidden : {IDOK, 1089, 1136})
+        EXPECT_FALSE(IsWindowVisible(GetDlgItem(frame, hidden))) << hidden;
+      if (key) {
+        PressKey(key);
+      } else {
+        Click(frame, kSelect);
+      }
+    });
+    CDirDlg chooser(initial, nullptr);
+    EXPECT_EQ(chooser.DoModal(), IDOK);
+    EXPECT_EQ(chooser.FolderPath(), path);
+    EXPECT_EQ(CurrentFolder(), before);
+  }
+}
+
+TEST(DirDlg, FollowsTheUserIntoAnotherFolder) {
+  DialogScript script;
+  script.Expect(kTitle, [](HWND frame) {
+    SetDlgItemTextA(frame, kTypedName, "C:\\windows\\system32");
+    SendMessageA(frame, WM_COMMAND, IDOK, 0);
+    Click(frame, kSelect);
+  });
+  CDirDlg chooser("C:\\", nullptr);
+  EXPECT_EQ(chooser.DoModal(), IDOK);
+  EXPECT_EQ(chooser.FolderPath(), "C:\\windows\\system32\\");
+}
+
+TEST(DirDlg, ATypedNameNeitherClosesItNorCounts) {
+  DialogScript script;
+  script.Expect(kTitle, [](HWND frame) {
+    SetDlgItemTextA(frame, kTypedName, "win.ini");
+    SendMessageA(frame, WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(IsWindowVisible(frame));
+    Click(frame, kSelect);
+  });
+  CDirDlg chooser("C:\\windows", nullptr);
+  EXPECT_EQ(chooser.DoModal(), IDOK);
+  EXPECT_EQ(chooser.FolderPath(), "C:\\windows\\");
+}
+
+TEST(DirDlg, EscCancelsAndAnAbsurdInitialFolderDoesNoHarm) {
+  for (const std::string& initial : {std::string("C:\\no such folder"), std::string(70'000, 'x')}) {
+    DialogScript script;
+    script.Expect(kTitle, [](HWND) { PressKey(VK_ESCAPE); });
+    EXPECT_EQ(CDirDlg(initial, nullptr).DoModal(), IDCANCEL);
+  }
+}
+
+}  // namespace
