@@ -7,21 +7,22 @@
 
 #include <memory>
 
-namespace {
-
-constexpr CLSID kEnvironmentClass = {
-    0xE656B628, 0xC6DD, 0x4125, {0x93, 0x1C, 0x5F, 0xCA, 0x10, 0xF4, 0x7A, 0x42}};
-constexpr IID kEnvironmentInterface = {
-    0x99545BF5, 0x91B6, 0x4994, {0xBB, 0xE1, 0x31, 0xFD, 0x17, 0x12, 0x91, 0xD3}};
-
 // The component's interface. Only the place of the one operation that is called matters: the other three are
-// there to keep it.
+// there to keep it. Not in the
+// unnamed namespace: the compiler would see that nothing here implements it, and call nothing.
 struct IEnvironment : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE Unused1() = 0;
   virtual HRESULT STDMETHODCALLTYPE Unused2() = 0;
   virtual HRESULT STDMETHODCALLTYPE Unused3() = 0;
   virtual HRESULT STDMETHODCALLTYPE GetEnvironmentCode(LONG* code) = 0;
 };
+
+namespace {
+
+constexpr CLSID kEnvironmentClass = {
+    0xE656B628, 0xC6DD, 0x4125, {0x93, 0x1C, 0x5F, 0xCA, 0x10, 0xF4, 0x7A, 0x42}};
+constexpr IID kEnvironmentInterface = {
+    0x99545BF5, 0x91B6, 0x4994, {0xBB, 0xE1, 0x31, 0xFD, 0x17, 0x12, 0x91, 0xD3}};
 
 class ComApartment {
  public:

@@ -1,0 +1,40 @@
+// "Choose an OnScreen Helper": which character helps the users of this machine.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+#include "controls/dialog.h"
+#include "controls/image_button.h"
+
+// The character that a path of a character file names: without the last four characters, ".acs", and without
+// the folder. A path without any folder loses its first letter; the shell's settings always have one.
+std::string HelperName(const std::string& path);
+
+// The ground of the pictures: a lighter shade of the dialog's. Added as one number, so that a channel above
+// 245 carries into the next.
+COLORREF PictureGround(COLORREF buttonFace);
+
+// Stores the choice, as the path of the character's file, in the shell's settings: at OK, and at once when it
+// opens where the settings name none of the four. A setting that cannot be written stays as it was.
+class CHelperDialog : public CDialog {
+ public:
+  CHelperDialog();
+
+ protected:
+  bool OnInitDialog() override;
+  void OnCommand(int id, int code) override;
+  void OnOK() override;
+
+ private:
+  static constexpr std::size_t kHelpers = 4;
+
+  void SetUpButtons();
+  void Select(std::size_t helper);
+  void WriteSetting() const;
+
+  std::string windowsFolder_;
+  std::size_t selected_ = 0;
+  std::array<CImageButton, kHelpers> buttons_;
+};

@@ -1,0 +1,138 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "helper/helper_chooser.h"
+#include "helper/helper_chooser_ids.h"
+#include "helper/windows_folder.h"
+#include "support/dialog_script.h"
+#include "support/registry_test.h"
+
+namespace {
+
+constexpr char kTitle[] = "Choose an OnScreen Helper";
+constexpr char kSettings[] = "Software\\Tessaly\\Kelvanstead\\Settings";
+constexpr int kButtons[] = {IDC_HELPER_PEEDY, IDC_HELPER_MERLIN, IDC_HELPER_ROBBY, IDC_HELPER_GENIE};
+
+// The settings as a tree, with the path as it stands in the registry.
+std::string Setting(std::string path) {
+  for (std::size_t i = 0; (i = path.find('\\', i)) != std::string::npos; i += 2)
+    path.insert(i, 1, '\\');
+  return "[]\n\"msAgent Path\"=\"" + path + "\"\n";
+}
+
+std::string WindowsPath(const std::string& helper) {
+  char folder[MAX_PATH] = "";
+  GetWindowsDirectoryA(folder, MAX_PATH);
+  return std::string(folder) + "\\msagent\\chars\\" + helper + ".acs";
+}
+
+// The chosen button, and by it the text, the check marks and the tab stop.
+void ExpectSelected(HWND dialog, const std::string& name) {
+  EXPECT_EQ(ControlText(dialog, IDC_HELPER_SELECTED), name);
+  for (const int id : kButtons) {
+    const bool selected = ControlText(dialog, id) == name;
+    EXPECT_EQ(IsDlgButtonChecked(dialog, id) == BST_CHECKED, selected) << ControlText(dialog, id);
+    EXPECT_EQ((GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_TABSTOP) != 0, selected);
+  }
+}
+
+class HelperTest : public RegistryTest {
+ protected:
+  void SetUp() override {
+    RegistryTest::SetUp();
+    WriteTree(HKEY_LOCAL_MACHINE, kSettings, "[]");
+  }
+};
+
+TEST_F(HelperTest, OpensWithTheHelperOfTheSetting) {
+  const struct {
+    const char* Path;  // null: no setting
+    const char* Selected;
+    bool Rewritten;  // at once, to Peedy's path
+  } cases[] = {
+      {nullptr, "Peedy", true},
+      {"", "Peedy", true},
+      {".acs", "Peedy", true},
+      {"acs", "Peedy", true},
+      {"merlin.acs", "Peedy", true},  // "erlin"
+      {"C:\\Windows\\msagent\\chars\\merlin.acs", "Peedy", true},
+      {"C:\\Windows\\msagent\\chars\\Zoe.acs", "Peedy", true},
+      {"C:\\Windows\\msagent\\chars\\", "Peedy", true},
+      {"D:\\elsewhere\\Genie.acs", "Genie", false},
+      {"\\Robby.acs", "Robby", false},
+      {"xMerlin.txt", "Merlin", false},  // the first letter is lost, the extension is not looked at
+      {"C:\\Windows\\msagent\\chars\\Peedy.acs", "Peedy", false},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.Path ? test.Path : "no setting");
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSettings);
+    WriteTree(HKEY_LOCAL_MACHINE, kSettings, test.Path ? Setting(test.Path) : "[]");
+    DialogScript script;
+    script.Expect(kTitle, [&](HWND dialog) {
+      ExpectSelected(dialog, test.Selected);
+      SendMessageA(dialog, WM_CLOSE, 0, 0);
+    });
+    EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDCANCEL);
+    ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(test.Rewritten ? WindowsPath("Peedy") : test.Path));
+  }
+}
+
+TEST_F(HelperTest, WritesTheChoiceAtOk) {
+  for (const int id : kButtons) {
+    WriteTree(HKEY_LOCAL_MACHINE, kSettings, Setting("D:\\elsewhere\\Genie.acs"));
+    std::string name;
+    DialogScript script;
+    script.Expect(kTitle, [&](HWND dialog) {
+      name = ControlText(dialog, id);
+      Click(dialog, id);
+      ExpectSelected(dialog, name);
+      ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting("D:\\elsewhere\\Genie.acs"));
+      Click(dialog, IDOK);
+    });
+    EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
+    ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(WindowsPath(name)));
+  }
+}
+
+TEST_F(HelperTest, IsChosenByKeyboard) {
+  WriteTree(HKEY_LOCAL_MACHINE, kSettings, Setting("D:\\elsewhere\\Merlin.acs"));
+  DialogScript script;
+  script.Expect(kTitle, [&](HWND dialog) {
+    const struct {
+      WPARAM Key;
+      const char* Selected;
+    } keys[] = {{VK_RIGHT, "Robby"}, {VK_DOWN, "Genie"}, {VK_RIGHT, "Peedy"}, {VK_LEFT, "Genie"},
+                {VK_TAB, "Genie"},   {VK_TAB, "Genie"},  {VK_SPACE, "Genie"}, {VK_UP, "Robby"}};
+    for (const auto& [key, selected] : keys) {
+      PressKey(key);
+      Pump();
+      ExpectSelected(dialog, selected);
+    }
+    PressKey(VK_RETURN);
+  });
+  EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
+  ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(WindowsPath("Robby")));
+}
+
+TEST_F(HelperTest, LeavesAMachineWithoutTheShellsSettingsAlone) {
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
+  DialogScript script;
+  script.Expect(kTitle, [](HWND dialog) { Click(dialog, IDOK); });
+  EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
+  EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, "Software"), "");
+}
+
+TEST(Helper, FindsTheWindowsFolderEveryTime) {
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(WindowsFolder() + "\\msagent\\chars\\Peedy.acs", WindowsPath("Peedy"));
+  }
+  EXPECT_NE(GetModuleHandleA("SHFolder.dll"), nullptr);
+}
+
+TEST(Helper, GroundCarriesBetweenChannels) {
+  EXPECT_EQ(PictureGround(0xC8D0D4), 0xD2DADEu);
+  EXPECT_EQ(PictureGround(0xF0F0FF), 0xFAFB09u);
+}
+
+}  // namespace
