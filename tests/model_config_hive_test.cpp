@@ -2,11 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "registry/registry_key.h"
 #include "registry/registry_paths.h"
+#include "schemefile/record_splitter.h"
 #include "schemefile/record_store.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"
+#include "support/scheme_file_bytes.h"
 
 namespace {
 
@@ -27,27 +28,14 @@ TEST_F(ConfigHiveTest, LoadsTheTextsOfSchemesThatHaveAKey) {
   const std::string fits(259, 'f');
   WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey,
             R"(
-              @="blank"
-              "Gone"="its key was deleted"
-              "Inf\\Below"="names no key"
-              "Infants"=hex(1):41 42
-              "Juniors"=hex(1):
-              "Long"=")" +
-                fits + R"("
-              "Not text"=hex(3):43 00 44
-              [Infants\Below]
-              [Inf\Below]
-              [Juniors]
-              [Long]
-              [Not text]
-              [No value])");
+              @="blank" "Gone"="its key was deleted" "Inf\\Below"="names no key" "Infants"=hex(1):41 42
+              "Juniors"=hex(1): "Not text"=hex(3):43 00 44 "Unseen"="behind the one that does not fit"
+              [Infants\Below] [Inf\Below] [Juniors] [Long] [Not text] [No value] [Too long] [Unseen]
+              [] "Long"=")" +
+                fits + R"(" "Too long"=")" + fits + "x\"");
   hive_.LoadFromRegistry();
   EXPECT_EQ((Entries{{"", "blank"}, {"Infants", "AB"}, {"Juniors", ""}, {"Long", fits}, {"Not text", "C"}}),
             hive_.Entries);
-
-  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"Junior\"=\"" + fits + "x\"\n[Junior]");
-  hive_.LoadFromRegistry();  // in the order of the registry, the new one comes before "Juniors"
-  EXPECT_EQ((Entries{{"", "blank"}, {"Infants", "AB"}}), hive_.Entries);
 }
 
 TEST_F(ConfigHiveTest, SavesIntoAnExistingKeyOnly) {
@@ -62,11 +50,7 @@ TEST_F(ConfigHiveTest, SavesIntoAnExistingKeyOnly) {
 
   WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"Stale\"=\"stays\"\n\"Juniors\"=dword:1");
   EXPECT_TRUE(hive_.SaveToRegistry());
-  ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"(
-    "Infants"="For \"us\""
-    "Juniors"=""
-    "Stale"="stays"
-  )");
+  ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Infants"="For \"us\"" "Juniors"="" "Stale"="stays")");
 }
 
 TEST_F(ConfigHiveTest, WritesAndReadsTwoRecordsAnEntry) {
@@ -74,43 +58,26 @@ TEST_F(ConfigHiveTest, WritesAndReadsTwoRecordsAnEntry) {
   hive_.WriteToFile();
   std::vector<SchemeRecord> records;
   TheRecordStore().FlushRecordStore(records);
-  const std::vector<SchemeRecord> expected = {
-      {"Config Hive", "Config1", "Infants"}, {"Config Hive", "Infants", "one"},
-      {"Config Hive", "Config2", ""},        {"Config Hive", "", "blank"},
-      {"Config Hive", "Config3", "Juniors"}, {"Config Hive", "Juniors", ""},
-  };
-  ASSERT_EQ(expected.size(), records.size());
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    EXPECT_EQ(expected[i].Key1 + '\xAC', records[i].Key1);
-    EXPECT_EQ(expected[i].Key2 + '\xAC', records[i].Key2);
-    EXPECT_EQ(expected[i].Value + '\xAC', records[i].Value);
-  }
+  std::string written(kSignature);
+  for (const SchemeRecord& record : records)
+    written += record.Key1 + record.Key2 + record.Value;
+  const std::string file =
+      "Config Hive: Config1=Infants; Infants=one; Config2=; =blank; Config3=Juniors; Juniors=";
+  EXPECT_EQ(FileBytes(file), written);
 
-  ConfigHive read;
   const struct {
     const char* Stated;
-    Entries Read;
-  } counts[] = {
-      {"3", hive_.Entries},
-      {"1", {{"Infants", "one"}}},
-      {"", {}},
-      {"-1", {}},
-      {"2000000000",
-       {{"Infants", "one"},
-        {"", "blank"},
-        {"Juniors", ""},
-        {"", "blank"},
-        {"", "blank"},
-        {"", "blank"},
-        {"", "blank"}}},
-  };
+    std::size_t Read;
+  } counts[] = {{"3", 3}, {"1", 1}, {"", 0}, {"-1", 0}, {"2000000000", 7}};
   for (const auto& count : counts) {
     SCOPED_TRACE(count.Stated);
-    std::vector<SchemeRecord> file = expected;
-    file.push_back({"Scheme Count", "The number of schemes", count.Stated});
-    TheRecordStore().Fill(file);
+    TheRecordStore().Fill(
+        SplitRecords(FileBytes(file + "\nScheme Count: The number of schemes=" + count.Stated)));
+    ConfigHive read;
     read.ReadFromFile();
-    EXPECT_EQ(count.Read, read.Entries);
+    Entries expected = hive_.Entries;
+    expected.resize(count.Read, {"", "blank"});
+    EXPECT_EQ(expected, read.Entries);
   }
 }
 

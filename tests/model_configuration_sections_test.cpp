@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "registry/registry_paths.h"
+#include "schemefile/record_splitter.h"
 #include "schemefile/record_store.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"
@@ -121,12 +122,10 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
   config_.WriteToFile("S");
   std::vector<SchemeRecord> records;
   TheRecordStore().FlushRecordStore(records);
-  for (SchemeRecord& record : records) {
-    for (std::string* text : {&record.Key1, &record.Key2, &record.Value}) {
-      ASSERT_TRUE(text->ends_with(kFieldTerminator));
-      text->pop_back();
-    }
-  }
+  std::string file(kSignature);
+  for (const SchemeRecord& record : records)
+    file += record.Key1 + record.Key2 + record.Value;
+  records = SplitRecords(file);
   ASSERT_EQ(golden_.Records.size(), records.size());
   for (std::size_t i = 0; i < records.size(); ++i) {
     EXPECT_EQ(golden_.Records[i], records[i]) << i << ": " << records[i].Key1 << "/" << records[i].Key2;
@@ -143,51 +142,37 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
 TEST_F(ConfigurationSectionsTest, MembersAreNamedAfterTheirValues) {
   WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), R"(
     [MyWork] "LeftMargin"=dword:1 "TopMargin"=dword:ffffffff "Buttons"=dword:1 "BGImg"="image"
-    [MyWork\Button1\Images] "Over"="over"
-    [SystemMenu] "BackGroundColour"="colour" "BackGroundImg"="image")");
+    [MyWork\Button1\Images] "Over"="over")");
   EXPECT_FALSE(config_.LoadFromRegistry("S"));  // most of it is missing
-  MyWorkSection work;
-  work.LeftMargin = 1;
-  work.TopMargin = 0xFFFFFFFF;
-  work.Buttons = 1;
-  work.BGImg = "image";
-  work.ButtonList.resize(1);
-  work.ButtonList[0].KeyName = "Button1";
-  work.ButtonList[0].Over = "over";
-  EXPECT_EQ(work, config_.MyWork);
-  EXPECT_EQ("colour", config_.SystemMenu.BackGroundColour);
-  EXPECT_EQ("image", config_.SystemMenu.BackGroundImg);
-  EXPECT_EQ(ToolBarSection(), config_.ToolBar);
+  FullConfiguration expected;
+  expected.MyWork.LeftMargin = 1;
+  expected.MyWork.TopMargin = 0xFFFFFFFF;
+  expected.MyWork.Buttons = 1;
+  expected.MyWork.BGImg = "image";
+  ToolButton& button = expected.MyWork.ButtonList.emplace_back();
+  button.KeyName = "Button1";
+  button.Over = "over";
+  EXPECT_EQ(expected, config_);
 }
 
 TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
   const struct {
-    const char* Stored;
-    const char* InFile;
+    std::int32_t Stated;
     std::size_t Records;
     bool Reads;
-  } cases[] = {
-      {"dword:0", "0", 0, true},          {"dword:2", "2", 2, true},
-      {"dword:3e8", "1000", 1000, true},  {"dword:3e9", "1001", 1000, false},
-      {"dword:ffffffff", "-1", 0, false},
-  };
+  } cases[] = {{0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 1000, false}, {-1, 0, false}};
   for (const auto& item : cases) {
-    SCOPED_TRACE(item.InFile);
-    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"),
-              "[FolderDisplay]\n\"DateFormat\"=\"\"\n\"LastSelectedDir\"=\"\"\n\"LastSelectedFile\"=\"\"\n"
-              "\"ViewStyle\"=\"\"\n\"UseLargeIcons\"=dword:0\n\"RootFoldersCount\"=" +
-                  std::string(item.Stored));
-    EXPECT_EQ(item.Reads, config_.FolderDisplay.LoadFromRegistry("S"));
-    EXPECT_EQ(item.Records, config_.FolderDisplay.Roots.size());
-    TheRecordStore().Fill({{"S - Folder Display", "RootFoldersCount", item.InFile}});
+    SCOPED_TRACE(item.Stated);
+    TheRecordStore().Fill({{"S - Folder Display", "RootFoldersCount", std::to_string(item.Stated)}});
     FolderDisplaySection read;
     EXPECT_EQ(item.Reads, read.ReadFromFile("S"));
-    EXPECT_EQ(config_.FolderDisplay, read);
+    EXPECT_EQ(item.Records, read.Roots.size());
+    WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
+    read.Roots.clear();
+    EXPECT_EQ(item.Stated <= 0, read.SaveToRegistry("S"));
+    EXPECT_EQ(item.Reads, read.LoadFromRegistry("S"));
+    EXPECT_EQ(item.Records, read.Roots.size());
   }
-  config_.FolderDisplay.Roots.resize(1);
-  config_.FolderDisplay.RootFoldersCount = 2;
-  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
-  EXPECT_FALSE(config_.FolderDisplay.SaveToRegistry("S"));
 }
 
 // Which key guards what differs from section to section.

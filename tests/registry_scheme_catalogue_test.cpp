@@ -37,16 +37,8 @@ class SchemeCatalogueTest : public RegistryTest {
 };
 
 constexpr char kDamagedSchemes[] = R"(
-  @="unnamed"
-  "Gone 1"="1"
-  "Gone 2"="2"
-  "Infants"="For the small ones"
-  "Inf\\Below"="names no key"
-  "Juniors"=hex(1):41
-  [infants\Defaults]
-  "DefaultView"="icons"
-  [Juniors]
-  [Unlisted]
+  @="unnamed" "Gone 1"="1" "Gone 2"="2" "Infants"="For the small ones" "Inf\\Below"="names no key"
+  "Juniors"=hex(1):41 [infants\Defaults] "DefaultView"="icons" [Juniors] [Unlisted]
 )";
 
 TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKey) {
@@ -75,9 +67,9 @@ TEST_F(SchemeCatalogueTest, SaysNothingWhenAllCanBeRead) {
 }
 
 TEST_F(SchemeCatalogueTest, EndsAtAValueThatDoesNotFit) {
-  Load("\"A\"=\"" + std::string(259, 'a') + "\"\n\"B\"=\"" + std::string(260, 'b') +
-       "\"\n\"C\"=\"\"\n[A]\n[B]\n[C]");
-  EXPECT_EQ("A:" + std::string(259, 'a') + ",", Listed());
+  const std::string fits(259, 'a');
+  Load(R"("A"=")" + fits + R"(" "B"=")" + fits + R"(x" "C"="" [A] [B] [C])");
+  EXPECT_EQ("A:" + fits + ",", Listed());
 }
 
 // Runs in a process of its own, as the call does not return.
@@ -119,41 +111,27 @@ TEST_F(SchemeCatalogueTest, SavesEverySchemeBack) {
 }
 
 TEST_F(SchemeCatalogueTest, ProtectedNamesAreComparedWithCase) {
-  catalogue_.LoadProtectedSchemes();
-  EXPECT_FALSE(catalogue_.IsProtected("Staff"));
   WriteTree(HKEY_LOCAL_MACHINE, kProtectedSchemesKey, "\"Default User\"=dword:1\n\"Staff\"=\"\"");
   catalogue_.LoadProtectedSchemes();
   EXPECT_TRUE(catalogue_.IsProtected("Default User"));
   EXPECT_TRUE(catalogue_.IsProtected("Staff"));
   EXPECT_FALSE(catalogue_.IsProtected("staff"));
   ASSERT_EQ(0, RegDeleteTreeA(HKEY_LOCAL_MACHINE, kProtectedSchemesKey));
-  catalogue_.LoadProtectedSchemes();
+  catalogue_.LoadProtectedSchemes();  // the old list must not stay
   EXPECT_FALSE(catalogue_.IsProtected("Staff"));
 }
 
 TEST_F(SchemeCatalogueTest, DeletesASchemeWithAllThatHangsOffIt) {
   // Neighbours in the order of the registry are allocated, in the first, the middle and the last place.
-  const std::string allocations = R"(
-    "1"="Staff"
-    "2"="STAFF"
-    "3"="Staff 2"
-    "4"=hex(1):73 74 61 66 66
-    "5"="staff"
-    "6"=")" + std::string(300, 'x') +
-                                  R"("
-    "7"="Staff")";
-  const std::string kept = "\"3\"=\"Staff 2\"\n\"6\"=\"" + std::string(300, 'x') + "\"";
+  const std::string tooLong = "\"6\"=\"" + std::string(300, 'x') + "\"";
+  const std::string kept = R"("3"="Staff 2")" + tooLong;
+  const std::string allocations =
+      R"("1"="Staff" "2"="STAFF" "4"=hex(1):73 74 61 66 66 "5"="staff" "7"="Staff")" + kept;
   for (const char* kind : {kClassSchemes, kUserSchemes, kUserGroupSchemes}) {
     WriteTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), allocations);
   }
-  Load(R"(
-    "Staff"="1"
-    "Staff 2"="2"
-    [Staff\Deep\Deeper\Deepest 1]
-    [Staff\Deep\Deeper\Deepest 2]
-    "x"="y"
-    [Staff\Deep 2]
-    [Staff 2\Deep])");
+  Load(R"("Staff"="1" "Staff 2"="2" [Staff 2\Deep] [Staff\Deep 2]
+          [Staff\Deep\Deeper\Deepest 1] [Staff\Deep\Deeper\Deepest 2] "x"="y")");
   catalogue_.Schemes.push_back({"staff", {}, {}, {}, {}, {}, {}});
   catalogue_.DeleteScheme("Staff");
   ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"Staff 2\"=\"2\"\n[Staff 2\\Deep]");
