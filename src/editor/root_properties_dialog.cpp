@@ -9,6 +9,7 @@
 #include <limits>
 
 #include "app/settings.h"
+#include "controls/dir_dlg.h"
 #include "controls/message.h"
 #include "editor/icon_picker.h"
 #include "editor/root_properties_dialog_ids.h"
@@ -60,6 +61,8 @@ bool CRootPropertiesDialog::OnInitDialog() {
 
 void CRootPropertiesDialog::OnCommand(int id, int code) {
   switch (id) {
+    case IDC_BROWSE_ROOT:
+      return BrowseForPath();
     case IDC_CHOOSE_CLOSED:
       return Choose(closed_);
     case IDC_CHOOSE_OPEN:
@@ -74,6 +77,11 @@ void CRootPropertiesDialog::OnCommand(int id, int code) {
 void CRootPropertiesDialog::OnTextChange(int id) {
   for (const TextField& field : kTextFields)
     if (field.Id == id) ApplyTextRule(Window(), id, field.Rule);
+}
+
+void CRootPropertiesDialog::BrowseForPath() {
+  CDirDlg chooser(ItemText(IDC_ROOT_PATH), Window());
+  if (chooser.DoModal() == IDOK) SetItemText(IDC_ROOT_PATH, chooser.FolderPath());
 }
 
 void CRootPropertiesDialog::Choose(Picture& picture) {

@@ -27,6 +27,7 @@ class CRootPropertiesDialog : public CDialog {
   };
 
   void OnTextChange(int id);
+  void BrowseForPath();
   void Choose(Picture& picture);
   void Show(Picture& picture);
   // The number in the field, as long as the user has not changed it as it was stored.
