@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 
 #include "controls/progress_bar_ids.h"
@@ -52,51 +53,43 @@ SchemeProperties Named(const std::string& name, std::size_t roots) {
   return scheme;
 }
 
-// The export of Infants and of an empty scheme.
+// The export of Infants and of an empty scheme; '~' stands for the accented letter of the latter's name.
 std::string ExpectedFile() {
-  const std::string blankPage =
-      "Back=0; Copy=0; Cut=0; Delete=0; Forward=0; Help=0; Icon=0; New=0; Paste=0; Print=0; Refresh=0; "
-      "Rename=0; "
-      "Side=0; Undo=0; Up=0; View=0\n";
-  return FileBytes(
-      "Config Hive: Config1=Infants; Infants=For Infants; Config2=\xC9t\xE9 - Tabs; \xC9t\xE9 - Tabs=For "
-      "\xC9t\xE9 - Tabs\n"
-      "Scheme Count: The number of schemes=2\n"
-      "Scheme0: Name of scheme=Infants\n"
-      "Infants - FolderDisplay: RootFoldersCount=1\n"
-      "Infants - FolderDisplay - Root 1: CollapsedIconFile=shut.ico; ExpandedIconFile=open.ico; "
-      "RootDisplayName=Work; RootPath=H:\\; DenyModify=7; FolderLevels=-1; LongToolTip=Long; "
-      "ShortToolTip=Short; "
-      "Wav File=a.wav\n"
-      "Infants - Folder Display: WeblinksCount=2\n"
-      "Infants - Weblinks - WebLink 1: DisplayName=Maps; URL=http://m?a=\"b\"; IconFile=m.ico; "
-      "LongToolTip=Far; "
-      "ShortToolTip=Near; Wav File=m.wav\n"
-      "Infants - Weblinks - WebLink 2: DisplayName=; URL=; IconFile=; LongToolTip=; ShortToolTip=; Wav "
-      "File=\n"
-      "Infants - Tabs: Page1=1; Page2=0; Page3=1\n"
-      "Infants - ToolBars - Page 1: Back=1; Copy=6; Cut=5; Delete=8; Forward=2; Help=14; Icon=12; New=3; "
-      "Paste=7; "
-      "Print=10; Refresh=11; Rename=4; Side=16; Undo=9; Up=15; View=13\n"
-      "Infants - ToolBars - Page 2: Back=17; Copy=22; Cut=21; Delete=24; Forward=18; Help=30; Icon=28; "
-      "New=19; "
-      "Paste=23; Print=26; Refresh=27; Rename=20; Side=32; Undo=25; Up=31; View=29\n"
-      "Infants - ToolBars - Page 3: Back=33; Copy=38; Cut=37; Delete=40; Forward=34; Help=46; Icon=44; "
-      "New=35; "
-      "Paste=39; Print=42; Refresh=43; Rename=36; Side=48; Undo=41; Up=47; View=45\n"
-      "Infants - Defaults: DefaultView=tree2; DefaultIconSize=51; DefaultFirstTab=52; ShortToolTips=53; "
-      "Silent=54; "
-      "Context Menu=55; Options Menu=56\n"
-      "Scheme1: Name of scheme=\xC9t\xE9 - Tabs\n"
-      "\xC9t\xE9 - Tabs - FolderDisplay: RootFoldersCount=0\n"
-      "\xC9t\xE9 - Tabs - Folder Display: WeblinksCount=0\n"
-      "\xC9t\xE9 - Tabs - Tabs: Page1=0; Page2=0; Page3=0\n"
-      "\xC9t\xE9 - Tabs - ToolBars - Page 1: " +
-      blankPage + "\xC9t\xE9 - Tabs - ToolBars - Page 2: " + blankPage +
-      "\xC9t\xE9 - Tabs - ToolBars - Page 3: " + blankPage +
-      "\xC9t\xE9 - Tabs - Defaults: DefaultView=; DefaultIconSize=0; DefaultFirstTab=0; ShortToolTips=0; "
-      "Silent=0; "
-      "Context Menu=0; Options Menu=0\n");
+  std::string text = R"(Config Hive: Config1=Infants; Infants=For Infants; Config2=L~o - Tabs
+ L~o - Tabs=For L~o - Tabs
+Scheme Count: The number of schemes=2
+Scheme0: Name of scheme=Infants
+Infants - FolderDisplay: RootFoldersCount=1
+Infants - FolderDisplay - Root 1: CollapsedIconFile=shut.ico; ExpandedIconFile=open.ico; RootDisplayName=Work
+ RootPath=H:\; DenyModify=7; FolderLevels=-1; LongToolTip=Long; ShortToolTip=Short; Wav File=a.wav
+Infants - Folder Display: WeblinksCount=2
+Infants - Weblinks - WebLink 1: DisplayName=Maps; URL=http://m?a="b"; IconFile=m.ico; LongToolTip=Far
+ ShortToolTip=Near; Wav File=m.wav
+Infants - Weblinks - WebLink 2: DisplayName=; URL=; IconFile=; LongToolTip=; ShortToolTip=; Wav File=
+Infants - Tabs: Page1=1; Page2=0; Page3=1
+Infants - ToolBars - Page 1: Back=1; Copy=6; Cut=5; Delete=8; Forward=2; Help=14; Icon=12; New=3; Paste=7
+ Print=10; Refresh=11; Rename=4; Side=16; Undo=9; Up=15; View=13
+Infants - ToolBars - Page 2: Back=17; Copy=22; Cut=21; Delete=24; Forward=18; Help=30; Icon=28; New=19
+ Paste=23; Print=26; Refresh=27; Rename=20; Side=32; Undo=25; Up=31; View=29
+Infants - ToolBars - Page 3: Back=33; Copy=38; Cut=37; Delete=40; Forward=34; Help=46; Icon=44; New=35
+ Paste=39; Print=42; Refresh=43; Rename=36; Side=48; Undo=41; Up=47; View=45
+Infants - Defaults: DefaultView=tree2; DefaultIconSize=51; DefaultFirstTab=52; ShortToolTips=53; Silent=54
+ Context Menu=55; Options Menu=56
+Scheme1: Name of scheme=L~o - Tabs
+L~o - Tabs - FolderDisplay: RootFoldersCount=0
+L~o - Tabs - Folder Display: WeblinksCount=0
+L~o - Tabs - Tabs: Page1=0; Page2=0; Page3=0
+)";
+  for (const char* page : {"1", "2", "3"}) {
+    text += std::string("L~o - Tabs - ToolBars - Page ") + page +
+            ": Back=0; Copy=0; Cut=0; Delete=0; Forward=0; Help=0; Icon=0; New=0; Paste=0; Print=0; "
+            "Refresh=0; Rename=0; Side=0; Undo=0; Up=0; View=0\n";
+  }
+  text +=
+      R"(L~o - Tabs - Defaults: DefaultView=; DefaultIconSize=0; DefaultFirstTab=0; ShortToolTips=0; Silent=0
+ Context Menu=0; Options Menu=0)";
+  std::replace(text.begin(), text.end(), '~', '\xE9');
+  return FileBytes(text);
 }
 
 // Every test has a machine with the shell but without schemes, a window for messages and a folder for files.
@@ -124,7 +117,7 @@ class ExchangeTest : public RegistryTest {
   }
   void AddTwoSchemes() {
     Add(Infants());
-    Add(Named("\xC9t\xE9 - Tabs", 0));
+    Add(Named("L\xE9o - Tabs", 0));
   }
   std::string Schemes() { return DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey); }
 
@@ -164,14 +157,14 @@ TEST_F(ExchangeTest, ImportReplacesOnlyTheSchemesOfTheFile) {
   Add(Named("Infants", 2));
   WriteFileBytes(path_, ExpectedFile());
   SchemeFile(window_).Read(path_, path_);
-  EXPECT_EQ(RootCounts(), "Infants:1 Other:3 \xC9t\xE9 - Tabs:0 ");
+  EXPECT_EQ(RootCounts(), "Infants:1 L\xE9o - Tabs:0 Other:3 ");
   // What is beyond the new count stays behind.
   EXPECT_NE(Schemes().find("[Infants\\FolderDisplay\\Root 2]"), std::string::npos);
 }
 
 TEST_F(ExchangeTest, DamageCostsWhatItHit) {
-  const std::string both = "Infants:1 \xC9t\xE9 - Tabs:0 ", first = "Infants:1 ";
-  const std::string count = "schemes|2", name = "Scheme1|Name of scheme|\xC9t\xE9 - Tabs|";
+  const std::string both = "Infants:1 L\xE9o - Tabs:0 ", first = "Infants:1 ";
+  const std::string count = "schemes|2", name = "Scheme1|Name of scheme|L\xE9o - Tabs|";
   // The first occurrence of a text gives way to another; nothing is left behind `to` when `cut`.
   const struct {
     const char* what;
@@ -193,8 +186,7 @@ TEST_F(ExchangeTest, DamageCostsWhatItHit) {
       {"count too small", count, "schemes|1", false, "", first},
       {"count too large", count, "schemes|99", false, "", both},
       {"count absurd", count, "schemes|99999999999", false, "", both},
-      {"roots missing", "RootFoldersCount|1", "RootFoldersCount|3", false, "",
-       "Infants:3 \xC9t\xE9 - Tabs:0 "},
+      {"roots missing", "RootFoldersCount|1", "RootFoldersCount|3", false, "", "Infants:3 L\xE9o - Tabs:0 "},
       {"blank name", name, "Scheme1|Name of scheme||", false, "", first},
       {"name with a backslash", name, "Scheme1|Name of scheme|a\\b|", false, "", first},
       {"name with a NUL", name, std::string("Scheme1|Name of scheme|a\0b|", 27), false, "", first},
@@ -281,6 +273,8 @@ TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
   script.Expect("Open", ChooseFile(folder_.File("backup.ksf")));
   EXPECT_TRUE(LoadFromDisk(window_));
   EXPECT_EQ(Schemes(), schemes);
+  // Every look-up for a scheme found its record at the cursor.
+  EXPECT_EQ(TheRecordStore().ReadCursor(), TheRecordStore().Count());
   EXPECT_EQ(WorkingFolder(), workingFolder);
 }
 

@@ -21,10 +21,10 @@
 // A record of a list may have values in more than one key.
 template <class Item>
 struct ItemPart {
-  const char* SubKey;                       // follows the path of the record's key
-  const char* FileSuffix;                   // follows the record's owner in a file
-  std::span<const Field<Item>> Fields;      // as they are loaded, saved and written to a file
-  std::span<const Field<Item>> ReadFields;  // as they are read from a file
+  const char* SubKey;                                // follows the path of the record's key
+  const char* FileSuffix;                            // follows the record's owner in a file
+  std::span<const Field<Item>> Fields;               // as they are loaded, saved and written to a file
+  std::span<const Field<Item>> ReadFields = Fields;  // as they are read from a file
 };
 
 template <class Section, class Item>
@@ -45,9 +45,9 @@ struct SectionLayout {
   const char* FileLabel;  // follows the scheme's name
   const char* Guard;      // nothing is written unless this key exists
   std::span<const Field<Section>> Fields;
-  std::span<const Field<Section>> SaveFields;
-  std::span<const Field<Section>> FileFields;
-  Items List;
+  Items List = {};
+  std::span<const Field<Section>> SaveFields = Fields;
+  std::span<const Field<Section>> FileFields = Fields;
 };
 
 template <class Record, std::size_t First, std::size_t Second>
@@ -101,13 +101,10 @@ inline constexpr FieldTable<ToolButton, 3> kButtonImageFields{{
     {"Over", &ToolButton::Over},
     {"NotSelected", &ToolButton::NotSelected, "Not Selected"},
 }};
-inline constexpr ItemPart<ToolButton> kButtonImages{"\\Images", "Images", kButtonImageFields,
-                                                    kButtonImageFields};
+inline constexpr ItemPart<ToolButton> kButtonImages{"\\Images", "Images", kButtonImageFields};
 
-inline constexpr ItemPart<ToolButton> kButtonParts[] = {{"", "", kButtonFields, kButtonFields},
-                                                        kButtonImages};
-inline constexpr ItemPart<ToolButton> kMyWorkButtonParts[] = {
-    {"", "", kMyWorkButtonFields, kMyWorkButtonFields}, kButtonImages};
+inline constexpr ItemPart<ToolButton> kButtonParts[] = {{"", "", kButtonFields}, kButtonImages};
+inline constexpr ItemPart<ToolButton> kMyWorkButtonParts[] = {{"", "", kMyWorkButtonFields}, kButtonImages};
 inline constexpr ItemPart<ToolButton> kToolBarButtonParts[] = {
     {"", "", kToolBarButtonFields, kToolBarButtonReadFields}, kButtonImages};
 
@@ -128,8 +125,8 @@ inline constexpr FieldTable<ExecutablesSection, 2> kExecutablesFields{{
     {"End Session", &ExecutablesSection::EndSession},
 }};
 template <>
-inline constexpr SectionLayout<ExecutablesSection> kLayout<ExecutablesSection>{
-    " - Executables", kProductKey, kExecutablesFields, kExecutablesFields, kExecutablesFields, {}};
+inline constexpr SectionLayout<ExecutablesSection> kLayout<ExecutablesSection>{" - Executables", kProductKey,
+                                                                               kExecutablesFields};
 
 inline constexpr FieldTable<FolderRoot, 8> kConfiguredRootFields{{
     {"CollapsedIconFile", &FolderRoot::CollapsedIconFile},
@@ -141,8 +138,7 @@ inline constexpr FieldTable<FolderRoot, 8> kConfiguredRootFields{{
     {"ExpandedIconIndex", &FolderRoot::ExpandedIconIndex},
     {"FolderLevels", &FolderRoot::FolderLevels},
 }};
-inline constexpr ItemPart<FolderRoot> kConfiguredRootParts[] = {
-    {"", "", kConfiguredRootFields, kConfiguredRootFields}};
+inline constexpr ItemPart<FolderRoot> kConfiguredRootParts[] = {{"", "", kConfiguredRootFields}};
 inline constexpr FieldTable<FolderDisplaySection, 6> kFolderDisplayFields{{
     {"DateFormat", &FolderDisplaySection::DateFormat},
     {"LastSelectedDir", &FolderDisplaySection::LastSelectedDir},
@@ -155,8 +151,6 @@ template <>
 inline constexpr SectionLayout<FolderDisplaySection, ItemsLayout<FolderDisplaySection, FolderRoot>>
     kLayout<FolderDisplaySection>{" - Folder Display",
                                   kSettingsKey,
-                                  kFolderDisplayFields,
-                                  kFolderDisplayFields,
                                   kFolderDisplayFields,
                                   {&FolderDisplaySection::Roots, &FolderDisplaySection::RootFoldersCount,
                                    "Root", nullptr, " - Folder Display", kSettingsKey, kConfiguredRootParts}};
@@ -172,8 +166,8 @@ inline constexpr FieldTable<MyProgramsSection, 4> kMyProgramsFields{{
 }};
 template <>
 inline constexpr ButtonSectionLayout<MyProgramsSection> kLayout<MyProgramsSection>{
-    " - My Programs",  kProductKey,       kMyProgramsFields,
-    kMyProgramsFields, kMyProgramsFields, ButtonsOf<MyProgramsSection>(" - My Programs", kButtonParts)};
+    " - My Programs", kProductKey, kMyProgramsFields,
+    ButtonsOf<MyProgramsSection>(" - My Programs", kButtonParts)};
 
 // The rows that MyWork, PaneSelection and SystemMenu begin with.
 template <class Section>
@@ -199,17 +193,12 @@ inline constexpr auto kMyWorkFields =
 // The only section that is guarded by the Schemes key; its buttons are not.
 template <>
 inline constexpr ButtonSectionLayout<MyWorkSection> kLayout<MyWorkSection>{
-    " - My Work",  kSchemesKey,   kMyWorkFields,
-    kMyWorkFields, kMyWorkFields, ButtonsOf<MyWorkSection>(" - My Work", kMyWorkButtonParts)};
+    " - My Work", kSchemesKey, kMyWorkFields, ButtonsOf<MyWorkSection>(" - My Work", kMyWorkButtonParts)};
 
 // The section and its buttons spell the label differently.
 template <>
 inline constexpr ButtonSectionLayout<PaneSelectionSection> kLayout<PaneSelectionSection>{
-    " - PaneSelection",
-    kProductKey,
-    kPaneFields<PaneSelectionSection>,
-    kPaneFields<PaneSelectionSection>,
-    kPaneFields<PaneSelectionSection>,
+    " - PaneSelection", kProductKey, kPaneFields<PaneSelectionSection>,
     ButtonsOf<PaneSelectionSection>(" - Pane Selection", kButtonParts)};
 
 inline constexpr FieldTable<ScreenSettingsSection, 5> kScreenSettingsFields{{
@@ -221,8 +210,7 @@ inline constexpr FieldTable<ScreenSettingsSection, 5> kScreenSettingsFields{{
 }};
 template <>
 inline constexpr SectionLayout<ScreenSettingsSection> kLayout<ScreenSettingsSection>{
-    " - Screen Settings",  kProductKey,           kScreenSettingsFields,
-    kScreenSettingsFields, kScreenSettingsFields, {}};
+    " - Screen Settings", kProductKey, kScreenSettingsFields};
 
 inline constexpr auto kSystemMenuFields =
     Joined(kPaneFields<SystemMenuSection>,
@@ -243,8 +231,8 @@ inline constexpr auto kSystemMenuFileFields =
 template <>
 inline constexpr ButtonSectionLayout<SystemMenuSection> kLayout<SystemMenuSection>{
     " - System Menu",      kProductKey,
-    kSystemMenuFields,     kSystemMenuSaveFields,
-    kSystemMenuFileFields, ButtonsOf<SystemMenuSection>(" - System Menu", kButtonParts)};
+    kSystemMenuFields,     ButtonsOf<SystemMenuSection>(" - System Menu", kButtonParts),
+    kSystemMenuSaveFields, kSystemMenuFileFields};
 
 inline constexpr FieldTable<ToolBarSection, 7> kToolBarFields{{
     {"Buttons", &ToolBarSection::Buttons},
@@ -261,5 +249,5 @@ inline constexpr auto kToolBarSaveFields =
                                              "Default", "LatchButton", "VerticalMenu"}));
 template <>
 inline constexpr ButtonSectionLayout<ToolBarSection> kLayout<ToolBarSection>{
-    " - Tool Bar",      kProductKey,    kToolBarFields,
-    kToolBarSaveFields, kToolBarFields, ButtonsOf<ToolBarSection>(" - Tool Bar", kToolBarButtonParts)};
+    " - Tool Bar", kProductKey, kToolBarFields, ButtonsOf<ToolBarSection>(" - Tool Bar", kToolBarButtonParts),
+    kToolBarSaveFields};

@@ -1,8 +1,6 @@
 // The schemes of the machine, in memory: the list that the main window shows and the commands work on.
 #pragma once
 
-#include <cstddef>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>

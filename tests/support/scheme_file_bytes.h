@@ -11,13 +11,18 @@ inline std::string Bytes(std::string text) {
   return text;
 }
 
-// The bytes of a sound file. A line is "key1: key2=value; key2=value" and stands for as many records.
+// The bytes of a sound file. A line is "key1: key2=value; key2=value" and stands for as many records; one
+// that begins with a blank goes on with the key1 of the line before it.
 inline std::string FileBytes(const std::string& text) {
   std::string file = "Kelvanstead Scheme Manager!|";
+  std::string key1;
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
-    const std::string key1 = line.substr(0, line.find(": "));
-    std::istringstream items(line.substr(key1.size() + 1));
+    if (!line.starts_with(' ')) {
+      key1 = line.substr(0, line.find(": "));
+      line.erase(0, key1.size() + 1);
+    }
+    std::istringstream items(line);
     for (std::string item; std::getline(items, item, ';');) {
       const std::size_t equals = item.find('=');
       file += key1 + '|' + item.substr(1, equals - 1) + '|' + item.substr(equals + 1) + '|';

@@ -1,0 +1,76 @@
+#include "processes.h"
+
+#include <windows.h>
+
+#include "base/unique_handle.h"
+#include "stopwatch.h"
+
+namespace {
+
+constexpr DWORD kPatience = 30000;
+
+struct Process {
+  UniqueProcess Handle;
+  DWORD Id = 0;
+};
+
+Process Start(std::string commandLine) {
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION started = {};
+  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                      nullptr, &startup, &started)) {
+    return {};
+  }
+  CloseHandle(started.hThread);
+  return {UniqueProcess(started.hProcess), started.dwProcessId};
+}
+
+struct Search {
+  DWORD Process;
+  HWND Found;
+};
+
+BOOL CALLBACK FindVisible(HWND window, LPARAM parameter) {
+  auto* search = reinterpret_cast<Search*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  if (process != search->Process || !IsWindowVisible(window)) return TRUE;
+  search->Found = window;
+  return FALSE;
+}
+
+HWND VisibleWindow(DWORD process) {
+  Search search{process, nullptr};
+  EnumWindows(&FindVisible, reinterpret_cast<LPARAM>(&search));
+  return search.Found;
+}
+
+}  // namespace
+
+double TimeProcess(const std::string& commandLine) {
+  const Stopwatch watch;
+  const Process process = Start(commandLine);
+  if (!process.Handle) return -1;
+  WaitForSingleObject(process.Handle.Get(), INFINITE);
+  const double elapsed = watch.Elapsed();
+  DWORD exitCode = 1;
+  GetExitCodeProcess(process.Handle.Get(), &exitCode);
+  return exitCode == 0 ? elapsed : -1;
+}
+
+double TimeToWindow(const std::string& commandLine) {
+  const Stopwatch watch;
+  const Process process = Start(commandLine);
+  if (!process.Handle) return -1;
+  HWND window = VisibleWindow(process.Id);
+  while (!window && watch.Elapsed() < kPatience &&
+         WaitForSingleObject(process.Handle.Get(), 1) == WAIT_TIMEOUT)
+    window = VisibleWindow(process.Id);
+  const double elapsed = watch.Elapsed();
+  if (window) PostMessageA(window, WM_CLOSE, 0, 0);
+  if (WaitForSingleObject(process.Handle.Get(), kPatience) != WAIT_OBJECT_0) {
+    TerminateProcess(process.Handle.Get(), 1);
+  }
+  return window ? elapsed : -1;
+}

@@ -1,0 +1,31 @@
+#include "editor/my_property_sheet.h"
+
+#include "app/settings.h"
+#include "controls/message.h"
+
+CMyPropertySheet::CMyPropertySheet(std::string title, const SchemeProperties& scheme)
+    : CPropertySheet(std::move(title)), general_(scheme) {
+  links_.Links = scheme.WebLinks.Records;
+  files_.Roots = scheme.FolderDisplay.Records;
+  AddPage(general_);
+  AddPage(links_);
+  AddPage(files_);
+}
+
+bool CMyPropertySheet::Run(HWND owner) {
+  while (DoModal(owner) == IDOK) {
+    if (general_.AnyTabChosen()) return true;
+    ShowMessage(nullptr,
+                "You need to select at least one\n\rof the tabs for Programs, Files, or\n\rWeb Links.",
+                "Tab Selection Error");
+  }
+  return false;
+}
+
+void CMyPropertySheet::CopyTo(SchemeProperties& scheme) const {
+  general_.CopyTo(scheme);
+  scheme.WebLinks.Assign(links_.Links);
+  scheme.FolderDisplay.Assign(files_.Roots);
+}
+
+void CMyPropertySheet::OnHelp() { ShowHelp(); }
