@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "helper/helper_chooser.h"
 #include "helper/helper_chooser_ids.h"
 #include "helper/windows_folder.h"
@@ -26,6 +28,37 @@ std::string WindowsPath(const std::string& helper) {
   GetWindowsDirectoryA(folder, MAX_PATH);
   return std::string(folder) + "\\msagent\\chars\\" + helper + ".acs";
 }
+
+// The program's way to RegSetValueExA.
+#ifdef _WIN64
+extern "C" decltype(&RegSetValueExA) g_setValue asm("__imp_RegSetValueExA");
+#else
+extern "C" decltype(&RegSetValueExA) g_setValue asm("__imp__RegSetValueExA@24");
+#endif
+
+// Looks at the sizes with which values are written: the system takes in a NUL that stands behind the data, so
+// the registry does not tell whether it was counted.
+class WriteSizes {
+ public:
+  WriteSizes() {
+    DWORD old = 0;
+    VirtualProtect(&g_setValue, sizeof(g_setValue), PAGE_READWRITE, &old);
+    g_setValue = &Record;
+    sizes_.clear();
+  }
+  ~WriteSizes() { g_setValue = real_; }
+  const std::vector<DWORD>& Sizes() const { return sizes_; }
+
+ private:
+  static LSTATUS WINAPI Record(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* data,
+                               DWORD size) {
+    sizes_.push_back(size);
+    return real_(key, name, reserved, type, data, size);
+  }
+
+  static inline const auto real_ = g_setValue;
+  static inline std::vector<DWORD> sizes_;
+};
 
 // The chosen button, and by it the text, the check marks and the tab stop.
 void ExpectSelected(HWND dialog, const std::string& name) {
@@ -93,6 +126,18 @@ TEST_F(HelperTest, WritesTheChoiceAtOk) {
     EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
     ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(WindowsPath(name)));
   }
+}
+
+TEST_F(HelperTest, CountsNoTerminatingNul) {
+  const WriteSizes writes;
+  DialogScript script;
+  script.Expect(kTitle, [](HWND dialog) {
+    Click(dialog, IDC_HELPER_MERLIN);
+    Click(dialog, IDOK);
+  });
+  CHelperDialog().DoModal(nullptr);
+  EXPECT_EQ(writes.Sizes(), (std::vector<DWORD>{static_cast<DWORD>(WindowsPath("Peedy").size()),
+                                                static_cast<DWORD>(WindowsPath("Merlin").size())}));
 }
 
 TEST_F(HelperTest, IsChosenByKeyboard) {

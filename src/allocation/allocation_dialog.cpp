@@ -87,8 +87,10 @@ void CAllocationDialog::ShowPerUserLayout() {
        {IDC_ALLOCATION_HINT, IDC_ALLOCATION_LIST, IDC_ALLOCATION_CHANGE, IDC_ALLOCATION_GROUP, IDCANCEL})
     ShowItem(id, false);
   for (const int id : {IDC_CURRENT_USER_GROUP, IDC_CURRENT_USER_EXPLANATION, IDC_CURRENT_USER_LABEL,
-                       IDC_CURRENT_USER_SCHEME, IDC_CURRENT_USER_APPLY, IDOK})
+                       IDC_CURRENT_USER_SCHEME, IDC_CURRENT_USER_APPLY})
     MoveItem(id, 0, -kPerUserShift);
+  // Being alone, OK stands in the corner.
+  MoveItem(IDOK, ItemPlace(IDCANCEL).left - ItemPlace(IDOK).left, -kPerUserShift);
   Shorten(kPerUserShift);
 }
 
@@ -101,10 +103,15 @@ void CAllocationDialog::ShowAllocationLayout() {
     MoveItem(id, 0, -kAllocationShift);
 }
 
-void CAllocationDialog::MoveItem(int id, int dx, int dy) {
+RECT CAllocationDialog::ItemPlace(int id) const {
   RECT place;
   GetWindowRect(Item(id), &place);
   MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+void CAllocationDialog::MoveItem(int id, int dx, int dy) {
+  const RECT place = ItemPlace(id);
   SetWindowPos(Item(id), nullptr, place.left + dx, place.top + dy, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -162,6 +169,7 @@ void CAllocationDialog::FillRows() {
       SetCell(row, column, kColumns[column].Text(allocation));
   }
   SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+  ListView_SetItemState(list, 0, LVIS_FOCUSED, LVIS_FOCUSED);  // where the keyboard starts
 }
 
 void CAllocationDialog::OnCommand(int id, int code) {

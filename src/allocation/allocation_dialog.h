@@ -23,6 +23,7 @@ class CAllocationDialog : public CDialog {
  private:
   void ShowPerUserLayout();
   void ShowAllocationLayout();
+  RECT ItemPlace(int id) const;  // in the dialog's client area
   void MoveItem(int id, int dx, int dy);
   void Shorten(int pixels);
 

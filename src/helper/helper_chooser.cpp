@@ -37,7 +37,7 @@ std::optional<std::size_t> ReadSetting() {
   const auto found = std::find_if(std::begin(kHelperTable), std::end(kHelperTable),
                                   [&](const Helper& helper) { return helper.Name == name; });
   if (found == std::end(kHelperTable)) return std::nullopt;
-  return found - std::begin(kHelperTable);
+  return static_cast<std::size_t>(found - std::begin(kHelperTable));
 }
 
 }  // namespace
@@ -100,7 +100,7 @@ void CHelperDialog::Select(std::size_t helper) {
 
 void CHelperDialog::WriteSetting() const {
   const std::string path = windowsFolder_ + "\\msagent\\chars\\" + kHelperTable[selected_].Name + ".acs";
-  // The size leaves the terminating NUL out, as the shell's own settings do.
+  // The size leaves the terminating NUL out, as it always has; the system adds it where the text has one.
   if (const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSettingsKey, KEY_WRITE)) {
     RegSetValueExA(key.Get(), kAgentPath, 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
                    static_cast<DWORD>(path.size()));

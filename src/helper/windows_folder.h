@@ -10,7 +10,7 @@
 using GetFolderPathFunction = decltype(&SHGetFolderPathA);
 
 // SHGetFolderPathA, loaded at run time: the first call of the process answers that of Shell32.dll if it has
-// one, every other that of SHFolder.dll, with which systems without the former are updated. Null when there
+// one, every other that of SHFolder.dll, which older systems have instead. Null when there
 // is none. Valid until the next call, which unloads the library of this one.
 GetFolderPathFunction GetFolderPathProc();
 
