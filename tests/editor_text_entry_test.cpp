@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 #include "controls/dialog.h"
@@ -11,8 +12,8 @@
 
 namespace {
 
-constexpr int kField = IDC_NEW_SCHEME_NAME;
-constexpr char kTitle[] = "Scheme Name Problem";
+constexpr char kIllegal[] = "Error: Illegal Character";
+constexpr char kTooLong[] = "Error: Text too long";
 
 // A dialog whose one field follows any rule.
 class CRuleDialog : public CDialog {
@@ -21,82 +22,46 @@ class CRuleDialog : public CDialog {
 
  private:
   void OnCommand(int id, int code) override {
-    if (id == kField && code == EN_CHANGE) ApplyTextRule(Window(), id, rule_);
+    if (code == EN_CHANGE) ApplyTextRule(Window(), id, rule_);
   }
-
   const TextRule& rule_;
 };
 
-// A message, and what stood in the field while it was shown.
-struct Told {
-  std::string Caption;
-  std::string Text;
-  std::string Field;
-};
-
-void PasteAndExpect(const TextRule& rule, const std::string& pasted, const std::vector<Told>& messages,
-                    const std::string& left) {
-  SCOPED_TRACE(pasted);
-  CRuleDialog dialog(rule);
-  DialogScript script;
-  HWND window = nullptr;
-  script.Expect(kTitle, [&](HWND shown) {
-    window = shown;
-    Type(window, kField, pasted);
-    EXPECT_EQ(ControlText(window, kField), left);
-    DWORD caret = 0;
-    SendDlgItemMessageA(window, kField, EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
-    EXPECT_EQ(caret, left.size());
-    Click(window, IDOK);
-  });
-  for (const Told& message : messages) {
-    script.Expect(message.Caption, [&](HWND box) {
-      EXPECT_EQ(MessageText(box), message.Text);
-      EXPECT_EQ(GetWindow(box, GW_OWNER), window);
-      EXPECT_EQ(ControlText(window, kField), message.Field);
-      Click(box, IDOK);
-    });
-  }
-  dialog.DoModal(nullptr);
-}
-
-constexpr char kIllegal[] = "Error: Illegal Character";
-constexpr char kTooLong[] = "Error: Text too long";
-constexpr char kNames[] = "The following characters are not allowed:\n\n< > ? / \\ : * \" |";
-constexpr char kDialogNames[] = "The following characters are not allowed:\n\n< > ? \\ / * \" | :";
-constexpr char kUrl[] = "The following characters are not allowed:\n\n< > \\   * \" |";
-constexpr char kFifty[] = "There is a limit of 50 characters";
-
 TEST(TextEntry, TellsAndCorrectsInTheOrderOfTheField) {
-  const std::string sixty(60, 'x');
   const std::string fifty(50, 'x');
-  PasteAndExpect(kSchemeNameRule, "a*b?c", {{kIllegal, kNames, "abc"}, {kIllegal, kNames, "abc"}}, "abc");
-  PasteAndExpect(kLinkNameRule, "a*b?c", {{kIllegal, kNames, "a*b?c"}, {kIllegal, kNames, "a*bc"}}, "abc");
-  PasteAndExpect(kLinkUrlRule, "a b", {{kIllegal, kUrl, "a b"}}, "ab");
-  // One excess, one message, told while the text is still too long.
-  PasteAndExpect(kSchemeNameRule, sixty + "*", {{kTooLong, kFifty, sixty}, {kIllegal, kNames, fifty}}, fifty);
-  PasteAndExpect(kRootNameRule, sixty + "*", {{kTooLong, kFifty, sixty}, {kIllegal, kDialogNames, fifty}},
-                 fifty);
-  PasteAndExpect(kLinkNameRule, sixty + "*", {{kIllegal, kNames, sixty + "*"}, {kTooLong, kFifty, sixty}},
-                 fifty);
-  PasteAndExpect(kLongToolTipRule, std::string(101, '*'),
-                 {{kTooLong, "There is a limit of 100 characters", std::string(101, '*')}},
-                 std::string(100, '*'));
-}
-
-TEST(TextEntry, PutsTheCaretBackWhereTheUserWasTyping) {
-  CRuleDialog dialog(kSchemeNameRule);
-  DialogScript script;
-  script.Expect(kTitle, [](HWND window) {
-    Type(window, kField, "Staff");
-    SendDlgItemMessageA(window, kField, EM_SETSEL, 2, 2);
-    SendDlgItemMessageA(window, kField, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>("o:"));
-    EXPECT_EQ(ControlText(window, kField), "Stoaff");
-    EXPECT_EQ(SendDlgItemMessageA(window, kField, EM_GETSEL, 0, 0), MAKELRESULT(3, 3));
-    Click(window, IDOK);
-  });
-  script.ExpectMessage(kIllegal, kNames);
-  dialog.DoModal(nullptr);
+  const std::string excess = fifty + "yz";
+  struct {
+    const TextRule& rule;
+    std::string pasted;
+    std::vector<std::pair<const char*, std::string>> told;  // with what stood in the field meanwhile
+    std::string left;
+  } const rows[] = {
+      {kSchemeNameRule, "a*b?c", {{kIllegal, "abc"}, {kIllegal, "abc"}}, "abc"},
+      {kLinkNameRule, "a*b?c", {{kIllegal, "a*b?c"}, {kIllegal, "a*bc"}}, "abc"},
+      // One excess, one message, told while the text is still too long.
+      {kSchemeNameRule, excess + "*", {{kTooLong, excess}, {kIllegal, fifty}}, fifty},
+      {kLinkNameRule, excess + "*", {{kIllegal, excess + "*"}, {kTooLong, excess}}, fifty},
+      {kShortToolTipRule, excess, {{kTooLong, excess}}, fifty},
+  };
+  for (const auto& row : rows) {
+    CRuleDialog dialog(row.rule);
+    DialogScript script;
+    script.Expect("Scheme Name Problem", [&](HWND window) {
+      Type(window, IDC_NEW_SCHEME_NAME, row.pasted);
+      EXPECT_EQ(ControlText(window, IDC_NEW_SCHEME_NAME), row.left);
+      const auto caret = static_cast<int>(row.left.size());
+      EXPECT_EQ(SendDlgItemMessageA(window, IDC_NEW_SCHEME_NAME, EM_GETSEL, 0, 0), MAKELRESULT(caret, caret));
+      Click(window, IDOK);
+    });
+    for (const auto& [caption, field] : row.told) {
+      script.Expect(caption, [&, tooLong = caption == kTooLong, field = &field](HWND box) {
+        EXPECT_EQ(MessageText(box), tooLong ? "There is a limit of 50 characters" : row.rule.RefusedMessage);
+        EXPECT_EQ(ControlText(GetWindow(box, GW_OWNER), IDC_NEW_SCHEME_NAME), *field);
+        Click(box, IDOK);
+      });
+    }
+    dialog.DoModal(nullptr);
+  }
 }
 
 TEST(TextEntry, SaysWhyAUrlIsRefused) {
