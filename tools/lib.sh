@@ -30,6 +30,8 @@ prepare_prefix() {
   # Without a window manager each managed window would wait two seconds for one.
   wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
   wineserver -w
+  # The fonts of the windows, at the sizes that they are laid out for.
+  dpkg -L fonts-wine | grep -E '\.(ttf|fon)$' | xargs cp -t "$WINEPREFIX/drive_c/windows/Fonts"
   touch "$WINEPREFIX/.prepared"
 }
 

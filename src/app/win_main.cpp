@@ -1,3 +1,13 @@
 #include <windows.h>
+#include <commctrl.h>
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) { return 0; }
+#include "app/start_up.h"
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS |
+                                                          ICC_UPDOWN_CLASS | ICC_BAR_CLASSES |
+                                                          ICC_TAB_CLASSES};
+  InitCommonControlsEx(&classes);
+  CSchemeManagerApp().InitInstance();
+  return 0;
+}

@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDC_ABOUT_VERSION 1001

@@ -1,0 +1,241 @@
+#include "app/main_dialog.h"
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include "allocation/allocation_dialog.h"
+#include "app/about_dialog.h"
+#include "app/main_dialog_ids.h"
+#include "app/settings.h"
+#include "controls/message.h"
+#include "controls/window_text.h"
+#include "editor/scheme_commands.h"
+#include "helper/helper_chooser.h"
+#include "resources/picture_ids.h"
+#include "resources/resource_ids.h"
+#include "schemefile/exchange_commands.h"
+
+namespace {
+
+constexpr COLORREF kButtonText = 0x800000;  // navy blue
+constexpr int kButtonIconSize = 16;
+constexpr int kColumnWidth = 180;
+
+constexpr int kListIconSize = 16;
+constexpr int kImageListRoom = 300;
+constexpr int kImageListGrowth = 50;
+enum ListImage { kBuiltInImage, kSchemeImage };
+
+constexpr DWORD kListStyle =
+    LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | LVS_NOSORTHEADER;
+
+UniqueIcon LoadIconOfSize(UINT id, int size) {
+  return UniqueIcon(static_cast<HICON>(
+      LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+}
+
+void InsertColumn(HWND list, int index, const char* title) {
+  LVCOLUMNA column{};
+  column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+  column.cx = kColumnWidth;
+  column.pszText = const_cast<char*>(title);
+  column.iSubItem = index;
+  SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
+}
+
+}  // namespace
+
+CMainDialog::CMainDialog() : CDialog(IDD_MAIN) {}
+
+bool CMainDialog::OnInitDialog() {
+  SetUpWindowIcons();
+  catalogue_.LoadCatalogue(true);
+  SetUpButtons();
+  SetUpList();
+  FillList();
+  return true;
+}
+
+void CMainDialog::SetUpWindowIcons() {
+  largeIcon_ = LoadIconOfSize(IDI_APP, GetSystemMetrics(SM_CXICON));
+  smallIcon_ = LoadIconOfSize(IDI_APP, GetSystemMetrics(SM_CXSMICON));
+  SendMessageA(Window(), WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon_.Get()));
+  SendMessageA(Window(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_.Get()));
+}
+
+void CMainDialog::SetUpButtons() {
+  allocateButton_.Attach(Item(IDC_ALLOCATE));
+  allocateButton_.SetIcon(IDI_ALLOCATE, kButtonIconSize);
+  helperButton_.Attach(Item(IDC_CHOOSE_HELPER));
+  helperButton_.SetIcon(IDI_HELPER, kButtonIconSize);
+  for (CImageButton* button : {&allocateButton_, &helperButton_}) {
+    button->SetColour(0, GetSysColor(COLOR_BTNFACE));
+    button->SetColour(1, kButtonText);
+  }
+  helpButton_.Attach(Item(IDC_HELP_MENU));
+  helpButton_.SetIcon(IDI_HELP, kButtonIconSize);
+  helpButton_.SetTooltip("Help and About");
+  helpButton_.SetColour(0, GetSysColor(COLOR_BTNFACE));
+  helpButton_.SetMenu(IDM_HELP_MENU);
+}
+
+void CMainDialog::SetUpList() {
+  list_ = Item(IDC_SCHEME_LIST);
+  InsertColumn(list_, 0, "Name");
+  InsertColumn(list_, 1, "Description");
+  ListView_SetColumnWidth(list_, 1, LVSCW_AUTOSIZE_USEHEADER);
+  SetWindowLongA(list_, GWL_STYLE, GetWindowLongA(list_, GWL_STYLE) | static_cast<LONG>(kListStyle));
+  ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
+  for (const int id : {IDC_EDIT, IDC_DELETE, IDC_CREATE})
+    EnableItem(id, true);
+}
+
+void CMainDialog::FillList(std::optional<int> rowToSelect) {
+  SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
+  ListView_DeleteAllItems(list_);
+  RebuildImageList();
+  catalogue_.LoadProtectedSchemes();
+  for (int row = 0; const SchemeProperties& scheme : catalogue_.Schemes)
+    InsertRow(row++, scheme);
+  FitDescriptionColumn();
+  SelectRow(rowToSelect.value_or(-1));
+  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(list_, nullptr, TRUE);
+}
+
+void CMainDialog::RebuildImageList() {
+  UniqueImageList images(ImageList_Create(kListIconSize, kListIconSize, ILC_COLOR32 | ILC_MASK,
+                                          kImageListRoom, kImageListGrowth));
+  // In the order of ListImage.
+  for (const UINT id : {IDI_BUILT_IN_SCHEME, IDI_SCHEME}) {
+    ImageList_AddIcon(images.Get(), LoadIconOfSize(id, kListIconSize).Get());
+  }
+  ListView_SetImageList(list_, images.Get(), LVSIL_SMALL);
+  images_ = std::move(images);
+}
+
+void CMainDialog::InsertRow(int row, const SchemeProperties& scheme) {
+  LVITEMA item{};
+  item.mask = LVIF_TEXT | LVIF_IMAGE;
+  item.iItem = row;
+  item.pszText = const_cast<char*>(scheme.Name.c_str());
+  item.iImage = catalogue_.IsProtected(scheme.Name) ? kBuiltInImage : kSchemeImage;
+  SendMessageA(list_, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  item.iSubItem = 1;
+  item.pszText = const_cast<char*>(scheme.Description.c_str());
+  SendMessageA(list_, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+// The column fills the list, less the scroll bar that a filled list may have.
+void CMainDialog::FitDescriptionColumn() {
+  RECT area{};
+  GetClientRect(list_, &area);
+  ListView_SetColumnWidth(list_, 1, area.right - ListView_GetColumnWidth(list_, 0));
+}
+
+// Without a row to select the first one still takes the keyboard's place, so that the arrow keys work.
+void CMainDialog::SelectRow(int row) {
+  if (row >= 0) {
+    ListView_SetItemState(list_, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ListView_EnsureVisible(list_, row, FALSE);
+  } else {
+    ListView_SetItemState(list_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
+  }
+}
+
+std::optional<int> CMainDialog::FindRow(const std::string& schemeName) const {
+  for (std::size_t row = catalogue_.Schemes.size(); row-- > 0;) {
+    if (catalogue_.Schemes[row].Name == schemeName) return static_cast<int>(row);
+  }
+  return std::nullopt;
+}
+
+void CMainDialog::OnCommand(int id, int code) {
+  if (code != BN_CLICKED) return;  // also what a menu sends
+  switch (id) {
+    case IDC_EDIT:
+      return EditSelectedScheme();
+    case IDC_CREATE:
+      return CreateNewScheme();
+    case IDC_DELETE:
+      return DeleteSelectedScheme();
+    case IDC_LOAD:
+      return LoadSchemesFromDisk();
+    case IDC_SAVE:
+      return SaveToDisk(Window());
+    case IDC_ALLOCATE:
+      CAllocationDialog().DoModal(Window());
+      return;
+    case IDC_CHOOSE_HELPER:
+      CHelperDialog().DoModal(Window());
+      return;
+    case IDM_HELP:
+      return OnHelp();
+    case IDM_ABOUT:
+      return ShowAbout();
+  }
+}
+
+LRESULT CMainDialog::OnNotify(const NMHDR& header) {
+  if (header.idFrom != IDC_SCHEME_LIST) return 0;
+  switch (header.code) {
+    case NM_DBLCLK:
+      EditSelectedScheme();
+      break;
+    case LVN_KEYDOWN:
+      if (reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey == VK_DELETE) DeleteSelectedScheme();
+      break;
+  }
+  return 0;
+}
+
+void CMainDialog::OnHelp() { ShowHelp(); }
+
+void CMainDialog::ShowAbout() {
+  MessageBeep(0);
+  CAboutDialog().DoModal(Window());
+}
+
+void CMainDialog::EditSelectedScheme() {
+  const int row = SelectedRow(list_);
+  if (row < 0) return;
+  if (EditScheme(Window(), catalogue_, static_cast<std::size_t>(row))) FillList(row);
+}
+
+void CMainDialog::CreateNewScheme() {
+  const int row = SelectedRow(list_);
+  const auto created =
+      CreateScheme(Window(), catalogue_, row < 0 ? std::string() : ListCellText(list_, row, 0));
+  if (created) FillList(FindRow(*created));
+}
+
+void CMainDialog::DeleteSelectedScheme() {
+  const int row = SelectedRow(list_);
+  if (row < 0) return;
+  const std::string name = ListCellText(list_, row, 0);
+  if (name.empty()) {
+    ShowWarning(Window(),
+                "As the name of this scheme is a blank deleting it is not possible.\n"
+                "Please contact your system administrator for help",
+                "Error");
+    return;
+  }
+  catalogue_.LoadProtectedSchemes();
+  if (catalogue_.IsProtected(name)) {
+    ShowWarning(Window(), name + " is a built in scheme and cannot be removed", "Error");
+    return;
+  }
+  if (ShowWarning(Window(), "Are you sure you want to delete this scheme ?", "Scheme Deletion",
+                  MB_OKCANCEL) != IDOK) {
+    return;
+  }
+  catalogue_.DeleteScheme(name);
+  const int last = static_cast<int>(catalogue_.Schemes.size()) - 1;
+  FillList(std::min(row, last));
+}
+
+void CMainDialog::LoadSchemesFromDisk() {
+  if (!LoadFromDisk(Window())) return;
+  catalogue_.LoadCatalogue(false);
+  FillList();
+}

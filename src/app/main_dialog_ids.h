@@ -1,0 +1,14 @@
+#pragma once
+
+#define IDC_SCHEME_LIST 1021
+#define IDC_CREATE 1014
+#define IDC_DELETE 1015
+#define IDC_EDIT 1016
+#define IDC_LOAD 1034
+#define IDC_SAVE 1035
+#define IDC_ALLOCATE 1124
+#define IDC_CHOOSE_HELPER 1139
+#define IDC_HELP_MENU 1110
+
+#define IDM_HELP 32771
+#define IDM_ABOUT 32772
