@@ -151,7 +151,8 @@ TEST_F(StartUpTest, SeesASecondCopyUnderAnyCase) {
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdInput = read.Get();
     PROCESS_INFORMATION process{};
-    std::string command = "\"" + copy.string() + "\" /c set /p waits=";
+    std::string command = copy.string();
+    command.insert(0, 1, '"').append("\" /c set /p waits=");
     ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, CREATE_NO_WINDOW, nullptr,
                                nullptr, &start, &process));
     CloseHandle(process.hThread);

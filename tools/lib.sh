@@ -27,15 +27,28 @@ start_virtual_display() {
 prepare_prefix() {
   [[ -e $WINEPREFIX/.prepared ]] && return
   wineboot --init >/dev/null 2>&1
-  # Without a window manager each managed window would wait two seconds for one.
-  wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
   wineserver -w
   # The fonts of the windows, at the sizes that they are laid out for.
   dpkg -L fonts-wine | grep -E '\.(ttf|fon)$' | xargs cp -t "$WINEPREFIX/drive_c/windows/Fonts"
   touch "$WINEPREFIX/.prepared"
 }
 
-# desktop_run PROGRAM [ARGUMENT ...]: runs inside a Wine desktop, which draws captions without a window manager.
+# desktop_run PROGRAM [ARGUMENT ...]: runs inside a Wine desktop. Without a window manager each window would otherwise
+# wait two seconds for one.
 desktop_run() { wine explorer /desktop=kelvanstead,1024x768 "$@"; }
+
+# wait_for_window TITLE: until it stands and has had time to paint itself, or a minute is over.
+wait_for_window() {
+  local seconds
+  for ((seconds = 0; seconds < 60; ++seconds)); do
+    sleep 1
+    if xwininfo -root -tree | grep -qF "\"$1\""; then
+      sleep 1
+      return
+    fi
+  done
+  printf 'No window "%s" has come\n' "$1" >&2
+  return 1
+}
 
 take_screenshot() { import -window root "$1"; }
