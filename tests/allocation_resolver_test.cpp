@@ -1,4 +1,4 @@
-// Which scheme the logged-on user gets, against a registry with five schemes.
+// Which scheme the logged-on user gets.
 
 #include <windows.h>
 
@@ -13,100 +13,76 @@ namespace {
 
 constexpr char kTessaly[] = "Software\\Tessaly";
 
-std::string UserName() {
-  char name[257] = "";
-  DWORD size = sizeof(name);
-  GetUserNameA(name, &size);
-  return name;
-}
-
 std::string Value(const std::string& name, const std::string& text) {
   return text.empty() ? "" : "\"" + name + "\"=\"" + text + "\"\n";
 }
 
-// The schemes differ in one number, by which a test tells which was loaded.
-constexpr const char* kSchemes[] = {"Class Scheme", "Own", "User Scheme", "Group Scheme", "Default User"};
-
-class ResolverTest : public RegistryTest {
- protected:
-  void SetUp() override {
-    RegistryTest::SetUp();
-    WriteTree(HKEY_LOCAL_MACHINE, kTessaly, "[Kelvanstead]");
-    std::uint32_t number = 0;
-    for (const char* name : kSchemes) {
-      SchemeProperties scheme;
-      scheme.Name = name;
-      scheme.Defaults.DefaultIconSize = ++number;
-      ASSERT_TRUE(SaveSchemeProperties(name, scheme));
-    }
-    // Half a scheme: it loads as far as it goes, and fails.
-    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Half"), "[Defaults]\n\"DefaultIconSize\"=dword:63");
-  }
-};
+using ResolverTest = RegistryTest;
 
 TEST_F(ResolverTest, TriesTheCandidatesInOrder) {
-  struct Case {
+  const struct {
     int Code;
     const char* AccountType;
-    const char* ClassScheme;
-    const char* ConfigToUse;
-    const char* UserScheme;
-    const char* GroupScheme;
+    // What is allocated to the class, chosen by the user, and allocated to the user and the group.
+    const char* Class;
+    const char* Own;
+    const char* User;
+    const char* Group;
     const char* Result;
     const char* Loaded;
-  };
-  constexpr char kClass[] = "Class Scheme";
-  constexpr char kOwn[] = "Own";
-  constexpr char kUser[] = "User Scheme";
-  constexpr char kGroup[] = "Group Scheme";
-  constexpr char kDefault[] = "Default User";
-  const Case cases[] = {
+  } cases[] = {
       // The class counts for pupils only, however their type is spelled, and comes before user and group.
-      {3, "Pupils", kClass, "", kUser, kGroup, kClass, kClass},
-      {6, "pupil", kClass, "", kUser, kGroup, kClass, kClass},
-      {3, "Teachers", kClass, "", kUser, kGroup, kUser, kUser},
-      {6, "Teachers", kClass, "", "", kGroup, kGroup, kGroup},
-      {6, "Pupils", "Missing", "", "", kGroup, kGroup, kGroup},
-      {6, "Pupils", "Half", "", "", "", kDefault, kDefault},
-      // The user's own choice counts in the per-user environments only, which know no accounts.
-      {6, "Teachers", "", kOwn, "", "", kDefault, kDefault},
-      {8, "Pupils", kClass, kOwn, kUser, kGroup, kOwn, kOwn},
-      {9, "Pupils", kClass, "Missing", kUser, kGroup, kUser, kUser},
-      {99, "Pupils", kClass, "", "", kGroup, kDefault, kDefault},
-      {99, "Pupils", "", "Schemes\\\\Own", "", "", kDefault, kDefault},
+      {3, "Pupils", "C", "", "U", "G", "C", "C"},
+      {6, "pupil", "C", "", "U", "G", "C", "C"},
+      {3, "Teachers", "C", "", "U", "G", "U", "U"},
+      {6, "Teachers", "C", "", "", "G", "G", "G"},
+      {6, "Pupils", "Missing", "", "", "G", "G", "G"},
+      {6, "Pupils", "Half", "", "", "", "Default User", "Default User"},
+      // The user's own choice counts in the per-user environments only, which know no account types.
+      {6, "Teachers", "", "O", "", "", "Default User", "Default User"},
+      {8, "Pupils", "C", "O", "U", "G", "O", "O"},
+      {9, "Pupils", "C", "Missing", "U", "G", "U", "U"},
+      {99, "Pupils", "C", "", "", "G", "Default User", "Default User"},
       // Without an environment the user's scheme is loaded, but the answer is an error.
-      {0, "Pupils", kClass, kOwn, kUser, kGroup, "Error", kUser},
-      {0, "Pupils", "", "", "", "", "Error", kDefault},
-      {7, "", "", "", "", "", kDefault, kDefault},
+      {0, "Pupils", "C", "O", "U", "G", "Error", "U"},
+      {0, "Pupils", "", "", "", "", "Error", "Default User"},
   };
-  const std::string user = UserName();
-  for (const Case& test : cases) {
-    SCOPED_TRACE(testing::Message() << "code " << test.Code << ", " << test.AccountType << ", class "
-                                    << test.ClassScheme << ", own " << test.ConfigToUse);
+  WriteTree(HKEY_LOCAL_MACHINE, kProductKey, "[]");
+  for (const std::string name : {"C", "O", "U", "G", "Default User"}) {
+    SchemeProperties scheme;
+    scheme.Name = scheme.Defaults.DefaultView = name;
+    ASSERT_TRUE(SaveSchemeProperties(name, scheme));
+  }
+  // Loads as far as it goes, and fails.
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Half"), "[WebLinks] \"WebLinksCount\"=dword:1");
+
+  char name[257] = "";
+  DWORD size = sizeof(name);
+  GetUserNameA(name, &size);
+  const std::string user = name;
+  for (const auto& test : cases) {
+    SCOPED_TRACE(testing::Message() << test.Code << test.AccountType << test.Class << test.Own);
+    for (const std::string key : {"Tallowby", "Crateling", "Kelvanstead\\Class Schemes",
+                                  "Kelvanstead\\User Schemes", "Kelvanstead\\User Group Schemes"})
+      RegDeleteTreeA(HKEY_LOCAL_MACHINE, (kTessaly + ("\\" + key)).c_str());
+    RegDeleteTreeA(HKEY_CURRENT_USER, kTessaly);
     const std::string type = test.AccountType;
     WriteTree(HKEY_LOCAL_MACHINE, kTessaly,
               "[Tallowby\\Accounts\\" + user + "]\n" + Value("Account Type", type) +
                   "[Crateling\\Benchspace]\n" + Value("Current Mode", type) + Value("Current Class", "Oak") +
-                  "[Kelvanstead\\Class Schemes]\n" + Value("Oak", test.ClassScheme) +
-                  "[Kelvanstead\\User Schemes]\n" + Value(user, test.UserScheme) +
-                  "[Kelvanstead\\User Group Schemes]\n" + Value(type, test.GroupScheme));
+                  "[Kelvanstead\\Class Schemes]\n" + Value("Oak", test.Class) +
+                  "[Kelvanstead\\User Schemes]\n" + Value(user, test.User) +
+                  "[Kelvanstead\\User Group Schemes]\n" + Value(type, test.Group));
     WriteTree(HKEY_CURRENT_USER, kTessaly,
               "[Benchspace]\n" + Value("Current Class", "Oak") + "[Kelvanstead]\n" +
-                  Value("ConfigToUse", test.ConfigToUse));
+                  Value("ConfigToUse", test.Own));
 
     SchemeProperties scheme;
     scheme.Description = "what was in the object before";
     EXPECT_EQ(ResolveSchemeForUser(scheme, test.Code), test.Result);
     SchemeProperties expected;
-    expected.Name = test.Loaded;
-    EXPECT_TRUE(LoadSchemeProperties(test.Loaded, expected));
-    EXPECT_EQ(scheme.Name, test.Loaded);
-    EXPECT_TRUE(scheme == expected) << "loaded " << scheme.Defaults.DefaultIconSize;
-
-    for (const char* key : {"Tallowby", "Crateling", "Kelvanstead\\Class Schemes",
-                            "Kelvanstead\\User Schemes", "Kelvanstead\\User Group Schemes"})
-      RegDeleteTreeA(HKEY_LOCAL_MACHINE, (std::string(kTessaly) + "\\" + key).c_str());
-    RegDeleteTreeA(HKEY_CURRENT_USER, kTessaly);
+    expected.Name = expected.Defaults.DefaultView = test.Loaded;
+    EXPECT_TRUE(scheme == expected) << "loaded " << scheme.Defaults.DefaultView;
   }
 }
 

@@ -29,6 +29,56 @@ std::string WindowsPath(const std::string& helper) {
   return std::string(folder) + "\\msagent\\chars\\" + helper + ".acs";
 }
 
+// The chosen button, and by it the text, the check marks and the tab stop.
+void ExpectSelected(HWND dialog, const std::string& name) {
+  EXPECT_EQ(ControlText(dialog, IDC_HELPER_SELECTED), name);
+  for (const int id : kButtons) {
+    const bool selected = ControlText(dialog, id) == name;
+    EXPECT_EQ(IsDlgButtonChecked(dialog, id) == BST_CHECKED, selected) << ControlText(dialog, id);
+    EXPECT_EQ((GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_TABSTOP) != 0, selected);
+  }
+}
+
+using HelperTest = RegistryTest;
+
+TEST_F(HelperTest, OpensWithTheHelperOfTheSettingAndWritesTheChoiceAtOk) {
+  const struct {
+    const char* Path;
+    const char* Selected;
+    bool Rewritten;  // at once, to Peedy's path
+  } cases[] = {
+      {"", "Peedy", true},
+      {".acs", "Peedy", true},
+      {"merlin.acs", "Peedy", true},  // "erlin"
+      {"C:\\Windows\\msagent\\chars\\merlin.acs", "Peedy", true},
+      {"C:\\Windows\\msagent\\chars\\", "Peedy", true},
+      {"D:\\elsewhere\\Genie.acs", "Genie", false},
+      {"\\Robby.acs", "Robby", false},
+      {"xMerlin.txt", "Merlin", false},  // the first letter is lost, the extension is not looked at
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.Path);
+    WriteTree(HKEY_LOCAL_MACHINE, kSettings, Setting(test.Path));
+    const std::string opened = Setting(test.Rewritten ? WindowsPath("Peedy") : test.Path);
+    DialogScript script;
+    script.Expect(kTitle, [&](HWND dialog) {
+      ExpectSelected(dialog, test.Selected);
+      ExpectTree(HKEY_LOCAL_MACHINE, kSettings, opened);
+      for (const int id : kButtons) {
+        Click(dialog, id);
+        ExpectSelected(dialog, ControlText(dialog, id));
+      }
+      SendMessageA(dialog, WM_CLOSE, 0, 0);
+    });
+    EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDCANCEL);
+    ExpectTree(HKEY_LOCAL_MACHINE, kSettings, opened);
+
+    script.Expect(kTitle, [&](HWND dialog) { Click(dialog, IDOK); });
+    EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
+    ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(WindowsPath(test.Selected)));
+  }
+}
+
 // The program's way to RegSetValueExA.
 #ifdef _WIN64
 extern "C" decltype(&RegSetValueExA) g_setValue asm("__imp_RegSetValueExA");
@@ -60,75 +110,8 @@ class WriteSizes {
   static inline std::vector<DWORD> sizes_;
 };
 
-// The chosen button, and by it the text, the check marks and the tab stop.
-void ExpectSelected(HWND dialog, const std::string& name) {
-  EXPECT_EQ(ControlText(dialog, IDC_HELPER_SELECTED), name);
-  for (const int id : kButtons) {
-    const bool selected = ControlText(dialog, id) == name;
-    EXPECT_EQ(IsDlgButtonChecked(dialog, id) == BST_CHECKED, selected) << ControlText(dialog, id);
-    EXPECT_EQ((GetWindowLongA(GetDlgItem(dialog, id), GWL_STYLE) & WS_TABSTOP) != 0, selected);
-  }
-}
-
-class HelperTest : public RegistryTest {
- protected:
-  void SetUp() override {
-    RegistryTest::SetUp();
-    WriteTree(HKEY_LOCAL_MACHINE, kSettings, "[]");
-  }
-};
-
-TEST_F(HelperTest, OpensWithTheHelperOfTheSetting) {
-  const struct {
-    const char* Path;  // null: no setting
-    const char* Selected;
-    bool Rewritten;  // at once, to Peedy's path
-  } cases[] = {
-      {nullptr, "Peedy", true},
-      {"", "Peedy", true},
-      {".acs", "Peedy", true},
-      {"acs", "Peedy", true},
-      {"merlin.acs", "Peedy", true},  // "erlin"
-      {"C:\\Windows\\msagent\\chars\\merlin.acs", "Peedy", true},
-      {"C:\\Windows\\msagent\\chars\\Zoe.acs", "Peedy", true},
-      {"C:\\Windows\\msagent\\chars\\", "Peedy", true},
-      {"D:\\elsewhere\\Genie.acs", "Genie", false},
-      {"\\Robby.acs", "Robby", false},
-      {"xMerlin.txt", "Merlin", false},  // the first letter is lost, the extension is not looked at
-      {"C:\\Windows\\msagent\\chars\\Peedy.acs", "Peedy", false},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.Path ? test.Path : "no setting");
-    RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSettings);
-    WriteTree(HKEY_LOCAL_MACHINE, kSettings, test.Path ? Setting(test.Path) : "[]");
-    DialogScript script;
-    script.Expect(kTitle, [&](HWND dialog) {
-      ExpectSelected(dialog, test.Selected);
-      SendMessageA(dialog, WM_CLOSE, 0, 0);
-    });
-    EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDCANCEL);
-    ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(test.Rewritten ? WindowsPath("Peedy") : test.Path));
-  }
-}
-
-TEST_F(HelperTest, WritesTheChoiceAtOk) {
-  for (const int id : kButtons) {
-    WriteTree(HKEY_LOCAL_MACHINE, kSettings, Setting("D:\\elsewhere\\Genie.acs"));
-    std::string name;
-    DialogScript script;
-    script.Expect(kTitle, [&](HWND dialog) {
-      name = ControlText(dialog, id);
-      Click(dialog, id);
-      ExpectSelected(dialog, name);
-      ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting("D:\\elsewhere\\Genie.acs"));
-      Click(dialog, IDOK);
-    });
-    EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
-    ExpectTree(HKEY_LOCAL_MACHINE, kSettings, Setting(WindowsPath(name)));
-  }
-}
-
 TEST_F(HelperTest, CountsNoTerminatingNul) {
+  WriteTree(HKEY_LOCAL_MACHINE, kSettings, "[]");  // no setting: one write at once, one at OK
   const WriteSizes writes;
   DialogScript script;
   script.Expect(kTitle, [](HWND dialog) {
@@ -161,7 +144,6 @@ TEST_F(HelperTest, IsChosenByKeyboard) {
 }
 
 TEST_F(HelperTest, LeavesAMachineWithoutTheShellsSettingsAlone) {
-  RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
   DialogScript script;
   script.Expect(kTitle, [](HWND dialog) { Click(dialog, IDOK); });
   EXPECT_EQ(CHelperDialog().DoModal(nullptr), IDOK);
