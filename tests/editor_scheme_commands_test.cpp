@@ -145,6 +145,8 @@ TEST_F(SchemeCommandsTest, AValueThatCannotBeDeletedIsNotReplaced) {
 }
 
 TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
+  const HWND mainWindow =
+      CreateWindowA("STATIC", "", WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
   script_
       .Expect(kExisting,
               [](HWND sheet) {
@@ -156,13 +158,21 @@ TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
                 Name("Others", "x")(sheet);
               })
       .Expect("Web Links", EnterLink)
-      .ExpectMessage("Tab Selection Error",
-                     "You need to select at least one\n\rof the tabs for Programs, Files, or\n\rWeb Links.")
+      .Expect("Tab Selection Error",
+              [&](HWND box) {
+                EXPECT_EQ(
+                    MessageText(box),
+                    "You need to select at least one\n\rof the tabs for Programs, Files, or\n\rWeb Links.");
+                EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
+                EXPECT_FALSE(IsWindowEnabled(mainWindow)) << "another command could start meanwhile";
+                Click(box, IDOK);
+              })
       .Expect(kExisting, [](HWND sheet) {
         Click(Page(sheet, 0), IDC_GENERAL_FILES);
         Click(sheet, IDOK);
       });
-  EXPECT_TRUE(EditStaff());
+  EXPECT_TRUE(EditScheme(mainWindow, catalogue_, 1));
+  DestroyWindow(mainWindow);
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "Others: x", "Standard: Built in"}));
   const SchemeProperties& scheme = catalogue_.Schemes[1];
   EXPECT_EQ(scheme.Tabs, (TabSelection{0, 1, 0}));

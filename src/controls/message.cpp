@@ -1,7 +1,7 @@
 #include "controls/message.h"
 
 int ShowMessage(HWND owner, const std::string& text, const char* title, UINT style) {
-  return MessageBoxA(owner, text.c_str(), title, style);
+  return MessageBoxA(owner, text.c_str(), title, owner ? style : style | MB_TASKMODAL);
 }
 
 int ShowWarning(HWND owner, const std::string& text, const char* title, UINT buttons) {

@@ -5,7 +5,8 @@
 
 #include <string>
 
-// MessageBoxA. `owner` may be null; `style` is any combination of MB_ flags. Answers the button's id.
+// MessageBoxA. `owner` may be null: then every window of the program waits for the answer, so that no command
+// starts inside another. `style` is any combination of MB_ flags. Answers the button's id.
 int ShowMessage(HWND owner, const std::string& text, const char* title, UINT style = MB_OK);
 
 // Sounds the exclamation beep, then shows a message with the exclamation icon and, unless `buttons` says
