@@ -82,7 +82,9 @@ bool WriteTabSelection(const std::string& name, const SchemeProperties& scheme) 
 }
 
 bool WriteToolBars(const std::string& name, const SchemeProperties& scheme) {
-  bool complete = true;
+  // Creating a page's key together with its parent would cost a call for every level of the path.
+  RegistryKey section(true, SectionPath(name, kToolBarsKey).c_str(), HKEY_LOCAL_MACHINE);
+  bool complete = section.Open(false, false);
   int number = 0;
   for (const ToolBarPage& page : scheme.ToolBars) {
     complete &= SaveKey(ToolBarPagePath(name, ++number), page, kToolBarPageFields);
