@@ -18,6 +18,10 @@ std::string Numbered(const char* format, int a, int b = 0) {
 
 class TreeMaker {
  public:
+  std::string AddKey(const std::string& key) {
+    Tree.push_back({key, "", kKeyOnly, ""});
+    return key;
+  }
   void AddText(const std::string& key, const std::string& name, const std::string& text) {
     Tree.push_back({key, name, REG_SZ, std::string(text.c_str(), text.size() + 1)});
   }
@@ -25,9 +29,11 @@ class TreeMaker {
     Tree.push_back(
         {key, name, REG_DWORD, std::string(reinterpret_cast<const char*>(&number), sizeof(number))});
   }
-  // Every value of the table: the texts name the scheme, the record and the value, the numbers are 0 and 1.
+  // The key with every value of the table: the texts name the scheme, the record and the value, the numbers
+  // are 0 and 1.
   template <class Record, std::size_t Size>
   void AddFields(const std::string& key, const FieldTable<Record, Size>& fields, int scheme, int record) {
+    AddKey(key);
     for (const Field<Record>& field : fields) {
       if (std::holds_alternative<typename Field<Record>::Number>(field.Member)) {
         AddNumber(key, field.Name, static_cast<DWORD>((scheme + record + ++flags_) % 2));
@@ -44,15 +50,16 @@ class TreeMaker {
 };
 
 void AddScheme(TreeMaker& maker, const std::string& name, int scheme) {
-  const std::string path = SchemeKeyPath(name);
+  const std::string path = maker.AddKey(SchemeKeyPath(name));
   maker.AddText(path, "Scheme Name", name);
-  maker.AddNumber(path + "\\FolderDisplay", "RootFolderCount", 2);
+  maker.AddNumber(maker.AddKey(path + "\\FolderDisplay"), "RootFolderCount", 2);
   for (int n = 1; n <= 2; ++n)
     maker.AddFields(path + Numbered("\\FolderDisplay\\Root %d", n), kFolderRootFields, scheme, n);
-  maker.AddNumber(path + "\\WebLinks", "WebLinksCount", 2);
+  maker.AddNumber(maker.AddKey(path + "\\WebLinks"), "WebLinksCount", 2);
   for (int n = 1; n <= 2; ++n)
     maker.AddFields(path + Numbered("\\WebLinks\\WebLink %d", n), kWebLinkFields, scheme, n);
   maker.AddFields(path + "\\TabSelection", kTabSelectionFields, scheme, 0);
+  maker.AddKey(path + "\\ToolBars");
   for (int n = 1; n <= 3; ++n)
     maker.AddFields(path + Numbered("\\ToolBars\\Page %d", n), kToolBarPageFields, scheme, n);
   maker.AddFields(path + "\\Defaults", kDefaultsFields, scheme, 0);
@@ -61,6 +68,7 @@ void AddScheme(TreeMaker& maker, const std::string& name, int scheme) {
 void ReadKey(const std::string& path, RegistryTree& tree) {
   UniqueKey key;
   if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, key.Put()) != ERROR_SUCCESS) return;
+  tree.push_back({path, "", kKeyOnly, ""});
   char name[260];
   char data[1024];
   for (DWORD index = 0;; ++index) {
@@ -84,6 +92,7 @@ void ReadKey(const std::string& path, RegistryTree& tree) {
 
 RegistryTree MakeSchemes(int count) {
   TreeMaker maker;
+  maker.AddKey(kSchemesKey);
   for (int i = 1; i <= count; ++i) {
     maker.AddText(kSchemesKey, Numbered("Scheme %03d", i), Numbered("The scheme of class %d", i));
   }
@@ -94,22 +103,21 @@ RegistryTree MakeSchemes(int count) {
 
 RegistryTree MakeShell(const std::string& pictures) {
   TreeMaker maker;
-  maker.AddText(kSettingsKey, "Default Pictures", pictures);
-  maker.AddText(kProtectedSchemesKey, "Scheme 001", "");
+  maker.AddText(maker.AddKey(kSettingsKey), "Default Pictures", pictures);
+  maker.AddText(maker.AddKey(kProtectedSchemesKey), "Scheme 001", "");
   return maker.Tree;
 }
 
 void WriteTree(const RegistryTree& tree) {
   UniqueKey key;
-  const std::string* open = nullptr;
   for (const RegistryValue& value : tree) {
-    if (!open || *open != value.Key) {
-      open = &value.Key;
+    if (value.Type == kKeyOnly) {
       RegCreateKeyExA(HKEY_LOCAL_MACHINE, value.Key.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr,
                       key.Put(), nullptr);
+    } else {
+      RegSetValueExA(key.Get(), value.Name.c_str(), 0, value.Type,
+                     reinterpret_cast<const BYTE*>(value.Data.data()), static_cast<DWORD>(value.Data.size()));
     }
-    RegSetValueExA(key.Get(), value.Name.c_str(), 0, value.Type,
-                   reinterpret_cast<const BYTE*>(value.Data.data()), static_cast<DWORD>(value.Data.size()));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+// A value, or with kKeyOnly a key itself, which stands before its values.
 struct RegistryValue {
   std::string Key;  // below HKEY_LOCAL_MACHINE
   std::string Name;
@@ -15,6 +16,7 @@ struct RegistryValue {
 
   auto operator<=>(const RegistryValue&) const = default;
 };
+inline constexpr DWORD kKeyOnly = ~DWORD{0};
 using RegistryTree = std::vector<RegistryValue>;
 
 // The values of `count` schemes, complete, with two roots and two links each, grouped by key. Every scheme
@@ -25,7 +27,7 @@ RegistryTree MakeSchemes(int count);
 // folder of its pictures.
 RegistryTree MakeShell(const std::string& pictures);
 
-// Creates each key and sets each of its values, and does nothing else. `tree` is grouped by key.
+// Creates each key and sets each of its values, and does nothing else.
 void WriteTree(const RegistryTree& tree);
 
 // Opens each key below `path`, the key itself included, and enumerates each of its values, and does nothing

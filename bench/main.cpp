@@ -3,10 +3,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <numeric>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -15,19 +14,16 @@
 #include "machine.h"
 #include "model/scheme_storage.h"
 #include "processes.h"
+#include "reading.h"
 #include "registry/registry_paths.h"
 #include "report.h"
-#include "schemefile/property_records.h"
-#include "schemefile/record_splitter.h"
 #include "schemefile/scheme_file.h"
 #include "stopwatch.h"
 
 namespace {
 
-constexpr int kRounds = 7;
 constexpr int kSchemes = 400;
 
-const char kFolder[] = "C:\\bench";
 const std::string kRegFile = std::string(kFolder) + "\\tree.reg";
 const std::string kStartUpFile = std::string(kFolder) + "\\start-up.reg";
 const std::string kSchemeFile = std::string(kFolder) + "\\tree.ksf";
@@ -126,15 +122,12 @@ void ReportRegistryCalls(Report& report) {
   WriteTree(MakeSchemes(1));
   const std::string name = "Scheme 001";
   const RegistryTree tree = ReadTree(SchemeKeyPath(name));
-  std::vector<std::string> keys;
-  for (const RegistryValue& value : tree)
-    keys.push_back(value.Key);
-  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+  const auto keys = std::count_if(tree.begin(), tree.end(),
+                                  [](const RegistryValue& value) { return value.Type == kKeyOnly; });
 
   report.Table("Registry calls of one scheme", "work | calls | of which");
-  // ToolBars has subkeys only.
-  report.Row("keys and values that it has | %zu | %zu keys, %zu values", keys.size() + 1 + tree.size(),
-             keys.size() + 1, tree.size());
+  report.Row("keys and values that it has | %zu | %d keys, %d values", tree.size(), static_cast<int>(keys),
+             static_cast<int>(std::ssize(tree) - keys));
   ResetCounts();
   ReadTree(SchemeKeyPath(name));
   ReportCalls(report, "bare walk, reading");
@@ -157,71 +150,6 @@ void ReportRegistryCalls(Report& report) {
                 "The scheme saved is not the one that was loaded.");
 }
 
-std::vector<SchemeProperties> SomeSchemes(int count) {
-  std::vector<SchemeProperties> schemes(static_cast<std::size_t>(count));
-  int number = 0;
-  for (SchemeProperties& scheme : schemes) {
-    scheme.Name = "Scheme " + std::to_string(++number);
-    scheme.FolderDisplay.Assign(std::vector<FolderRoot>(2));
-    scheme.FolderDisplay.Records[1].RootPath = "S:\\Shared\\" + scheme.Name;
-    scheme.WebLinks.Assign(std::vector<WebLink>(2));
-    scheme.WebLinks.Records[0].URL = "http://www.greenfield.example/";
-    scheme.Tabs.Page1 = 1;
-    scheme.Defaults.DefaultView = "tree1";
-  }
-  return schemes;
-}
-
-std::string FileOf(const std::vector<SchemeProperties>& schemes, bool shuffled) {
-  RecordStore store;
-  WriteSchemeCount(store, schemes.size());
-  WriteSchemes(store, schemes, [] {});
-  std::vector<SchemeRecord> records;
-  store.FlushRecordStore(records);
-  if (shuffled) std::shuffle(records.begin(), records.end(), std::mt19937(1));
-  std::string file(kSignature);
-  for (const SchemeRecord& record : records)
-    file += record.Key1 + record.Key2 + record.Value;
-  return file;
-}
-
-// The file split, and every scheme read from its records.
-double TimeReading(Report& report, const std::string& file, const std::vector<SchemeProperties>& expected) {
-  std::vector<SchemeProperties> schemes;
-  const double time = Time([&] {
-    RecordStore store;
-    store.Fill(SplitRecords(file));
-    const std::int32_t count = ReadSchemeCount(store);
-    schemes = ReadSchemes(store, count, [] {});
-  });
-  report.Demand(schemes == expected, "The schemes read are not those that were written.");
-  return time;
-}
-
-void ReportReading(Report& report) {
-  const std::vector<SchemeProperties> many = SomeSchemes(1100), few = SomeSchemes(110);
-  const std::string inOrder = FileOf(many, false), shuffled = FileOf(many, true);
-  const std::string small = FileOf(few, false), smallShuffled = FileOf(few, true);
-  std::vector<double> times[4];
-  for (int round = 0; round < kRounds; ++round) {
-    times[0].push_back(TimeReading(report, inOrder, many));
-    times[1].push_back(TimeReading(report, shuffled, many));
-    times[2].push_back(TimeReading(report, small, few));
-    times[3].push_back(TimeReading(report, smallShuffled, few));
-  }
-
-  report.Table("Splitting a file and reading its records", "file | records | median in ms");
-  const std::size_t records = SplitRecords(inOrder).size(), smallRecords = SplitRecords(small).size();
-  report.Row("1,100 schemes, in order | %zu | %.1f", records, Median(times[0]));
-  report.Row("1,100 schemes, shuffled | %zu | %.1f", records, Median(times[1]));
-  report.Row("110 schemes, in order | %zu | %.1f", smallRecords, Median(times[2]));
-  report.Row("110 schemes, shuffled | %zu | %.1f", smallRecords, Median(times[3]));
-  report.Table("Compared", "ratio | measured | at most | ");
-  report.Target("shuffled to in order", Median(times[1]) / Median(times[0]), 2);
-  report.Target("ten times the schemes, in order", Median(times[0]) / Median(times[2]), 12);
-  report.Target("ten times the schemes, shuffled", Median(times[1]) / Median(times[3]), 12);
-}
-
 void ReportProgram(Report& report, const char* x86, const char* x64) {
   EmptyKey(kSchemesKey);
   WriteTree(MakeSchemes(50));
@@ -241,6 +169,7 @@ void ReportProgram(Report& report, const char* x86, const char* x64) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 4 && argv[1] == std::string(kReadCommand)) return ReadOnce(argv[2], std::atoi(argv[3]));
   if (argc != 3) {
     std::puts("usage: bench X86_PROGRAM X64_PROGRAM");
     return 2;

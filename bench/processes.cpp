@@ -48,15 +48,18 @@ HWND VisibleWindow(DWORD process) {
 
 }  // namespace
 
+DWORD RunProcess(const std::string& commandLine) {
+  DWORD exitCode = STILL_ACTIVE;
+  const Process process = Start(commandLine);
+  if (!process.Handle) return exitCode;
+  WaitForSingleObject(process.Handle.Get(), INFINITE);
+  GetExitCodeProcess(process.Handle.Get(), &exitCode);
+  return exitCode;
+}
+
 double TimeProcess(const std::string& commandLine) {
   const Stopwatch watch;
-  const Process process = Start(commandLine);
-  if (!process.Handle) return -1;
-  WaitForSingleObject(process.Handle.Get(), INFINITE);
-  const double elapsed = watch.Elapsed();
-  DWORD exitCode = 1;
-  GetExitCodeProcess(process.Handle.Get(), &exitCode);
-  return exitCode == 0 ? elapsed : -1;
+  return RunProcess(commandLine) == 0 ? watch.Elapsed() : -1;
 }
 
 double TimeToWindow(const std::string& commandLine) {

@@ -3,6 +3,9 @@
 
 #include <string>
 
+// Runs the program to its end. Answers its exit code, or STILL_ACTIVE when it cannot be started.
+unsigned long RunProcess(const std::string& commandLine);
+
 // Milliseconds from starting the program to its end. Negative when it cannot be started or answers failure.
 double TimeProcess(const std::string& commandLine);
 

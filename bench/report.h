@@ -5,6 +5,9 @@
 #include <cstdio>
 #include <string>
 
+inline constexpr int kRounds = 7;
+inline constexpr char kFolder[] = "C:\\bench";  // for the files made on the way
+
 class Report {
  public:
   // A heading and the head of a table below it. `columns` are divided by " | ".

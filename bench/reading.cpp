@@ -1,0 +1,106 @@
+#include "reading.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "processes.h"
+#include "schemefile/property_records.h"
+#include "schemefile/record_splitter.h"
+#include "stopwatch.h"
+
+namespace {
+
+std::vector<SchemeProperties> SomeSchemes(int count) {
+  std::vector<SchemeProperties> schemes(static_cast<std::size_t>(count));
+  int number = 0;
+  for (SchemeProperties& scheme : schemes) {
+    scheme.Name = "Scheme " + std::to_string(++number);
+    scheme.FolderDisplay.Assign(std::vector<FolderRoot>(2));
+    scheme.FolderDisplay.Records[1].RootPath = "S:\\Shared\\" + scheme.Name;
+    scheme.WebLinks.Assign(std::vector<WebLink>(2));
+    scheme.WebLinks.Records[0].URL = "http://www.greenfield.example/";
+    scheme.Tabs.Page1 = 1;
+    scheme.Defaults.DefaultView = "tree1";
+  }
+  return schemes;
+}
+
+std::string FileOf(const std::vector<SchemeProperties>& schemes, bool shuffled) {
+  RecordStore store;
+  WriteSchemeCount(store, schemes.size());
+  WriteSchemes(store, schemes, [] {});
+  std::vector<SchemeRecord> records;
+  store.FlushRecordStore(records);
+  if (shuffled) std::shuffle(records.begin(), records.end(), std::mt19937(1));
+  std::string file(kSignature);
+  for (const SchemeRecord& record : records)
+    file += record.Key1 + record.Key2 + record.Value;
+  return file;
+}
+
+struct TestFile {
+  TestFile(int schemes, bool shuffled)
+      : Schemes(schemes),
+        Path(std::string(kFolder) + (shuffled ? "\\shuffled-" : "\\in-order-") + std::to_string(schemes) +
+             ".ksf") {
+    const std::string bytes = FileOf(SomeSchemes(schemes), shuffled);
+    Records = SplitRecords(bytes).size();
+    std::ofstream(Path, std::ios::binary) << bytes;
+  }
+
+  void Measure(Report& report) {
+    char program[MAX_PATH];
+    GetModuleFileNameA(nullptr, program, sizeof(program));
+    const DWORD microseconds = RunProcess(std::string("\"") + program + "\" " + kReadCommand + " " + Path +
+                                          " " + std::to_string(Schemes));
+    report.Demand(microseconds > 0, "The schemes read are not those that were written.");
+    Times.push_back(microseconds / 1000.0);
+  }
+
+  const int Schemes;
+  const std::string Path;
+  std::size_t Records;
+  std::vector<double> Times;
+};
+
+}  // namespace
+
+void ReportReading(Report& report) {
+  TestFile inOrder(1100, false), shuffled(1100, true), small(110, false), smallShuffled(110, true);
+  const std::array<std::pair<const char*, TestFile*>, 4> files{{{"1,100 schemes, in order", &inOrder},
+                                                                {"1,100 schemes, shuffled", &shuffled},
+                                                                {"110 schemes, in order", &small},
+                                                                {"110 schemes, shuffled", &smallShuffled}}};
+  for (int round = 0; round < kRounds; ++round) {
+    for (const auto& [name, file] : files)
+      file->Measure(report);
+  }
+
+  report.Table("Splitting a file and reading its records", "file | records | median in ms");
+  for (const auto& [name, file] : files)
+    report.Row("%s | %zu | %.1f", name, file->Records, Median(file->Times));
+  report.Table("Compared", "ratio | measured | at most | ");
+  report.Target("shuffled to in order", Median(shuffled.Times) / Median(inOrder.Times), 2);
+  report.Target("ten times the schemes, in order", Median(inOrder.Times) / Median(small.Times), 12);
+  report.Target("ten times the schemes, shuffled", Median(shuffled.Times) / Median(smallShuffled.Times), 12);
+}
+
+int ReadOnce(const char* path, int schemes) {
+  std::ifstream stream(path, std::ios::binary);
+  const std::string file{std::istreambuf_iterator<char>(stream), {}};
+  std::vector<SchemeProperties> read;
+  const double time = Time([&] {
+    RecordStore store;
+    store.Fill(SplitRecords(file));
+    const std::int32_t count = ReadSchemeCount(store);
+    read = ReadSchemes(store, count, [] {});
+  });
+  return read == SomeSchemes(schemes) ? static_cast<int>(time * 1000) : 0;
+}
