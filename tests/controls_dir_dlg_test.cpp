@@ -1,13 +1,19 @@
+#include <windows.h>
+
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include "controls/dir_dlg.h"
 #include "support/dialog_script.h"
+#include "support/scratch_folder.h"
 
 namespace {
 
 constexpr char kTitle[] = "Choose a Folder";
 constexpr int kSelect = 5000;
 constexpr int kTypedName = 1148;
+constexpr int kView = 1121;
+constexpr int kUpOneLevel = 40961;
 
 std::string CurrentFolder() {
   char folder[MAX_PATH] = "";
@@ -58,6 +64,35 @@ TEST(DirDlg, FollowsTheUserIntoAnotherFolder) {
   CDirDlg chooser("C:\\", nullptr);
   EXPECT_EQ(chooser.DoModal(), IDOK);
   EXPECT_EQ(chooser.FolderPath(), "C:\\windows\\system32\\");
+}
+
+TEST(DirDlg, EnterOpensAFolderMarkedInTheList) {
+  const ScratchFolder scratch;
+  CreateDirectoryA(scratch.File("Inner").c_str(), nullptr);
+  DialogScript script;
+  script.Expect(kTitle, [&](HWND frame) {
+    const HWND list = FindWindowExA(GetDlgItem(frame, kView), nullptr, WC_LISTVIEWA, nullptr);
+    SetFocus(list);
+    ListView_SetItemState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    PressKey(VK_RETURN);
+    Pump();
+    EXPECT_EQ(ControlText(frame, kTypedName), scratch.File("Inner\\"));
+    PressKey(VK_RETURN);
+  });
+  CDirDlg chooser(scratch.Path(), nullptr);
+  EXPECT_EQ(chooser.DoModal(), IDOK);
+  EXPECT_EQ(chooser.FolderPath(), scratch.File("Inner\\"));
+}
+
+TEST(DirDlg, CannotSelectAPlaceThatIsNoFolder) {
+  DialogScript script;
+  script.Expect(kTitle, [](HWND frame) {
+    SendMessageA(frame, WM_COMMAND, kUpOneLevel, 0);  // to My Computer
+    EXPECT_EQ(ControlText(frame, kTypedName), "");
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(frame, kSelect)));
+    Click(frame, IDCANCEL);
+  });
+  EXPECT_EQ(CDirDlg("C:\\", nullptr).DoModal(), IDCANCEL);
 }
 
 TEST(DirDlg, ATypedNameNeitherClosesItNorCounts) {

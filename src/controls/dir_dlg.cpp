@@ -35,8 +35,10 @@ std::string ViewedFolder(HWND frame) {
       SendMessageA(frame, CDM_GETFOLDERPATH, path.size(), reinterpret_cast<LPARAM>(path.data()));
   if (length <= 0 || static_cast<std::size_t>(length) > path.size()) return {};
   path.back() = '\0';
+  const DWORD attributes = GetFileAttributesA(path.data());
+  if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) return {};
   std::string folder = path.data();
-  if (!folder.empty() && folder.back() != '\\') folder += '\\';
+  if (folder.back() != '\\') folder += '\\';
   return folder;
 }
 
@@ -54,6 +56,11 @@ void CreateSelectButton(HWND frame) {
   SetWindowPos(select, ok, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   SendMessageA(ok, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
   SendMessageA(frame, DM_SETDEFID, kSelectId, 0);
+}
+
+bool IsFolderMarkedInFocusedList(HWND frame) {
+  const HWND focus = GetFocus();
+  return IsChild(GetDlgItem(frame, lst2), focus) && SendMessageA(focus, LVM_GETSELECTEDCOUNT, 0, 0) > 0;
 }
 
 }  // namespace
@@ -104,14 +111,32 @@ UINT_PTR CALLBACK CDirDlg::Hook(HWND child, UINT message, WPARAM, LPARAM lParam)
 
 LRESULT CALLBACK CDirDlg::FrameProcedure(HWND frame, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                          DWORD_PTR self) {
-  if (message == WM_COMMAND && LOWORD(wParam) == kSelectId) {
-    if (HIWORD(wParam) != BN_CLICKED) return 0;
-    reinterpret_cast<CDirDlg*>(self)->selected_ = true;
-    EndDialog(frame, IDOK);
-    return 0;
+  auto& chooser = *reinterpret_cast<CDirDlg*>(self);
+  switch (message) {
+    case WM_COMMAND:
+      if (LOWORD(wParam) != kSelectId) break;
+      if (HIWORD(wParam) == BN_CLICKED) chooser.OnSelect(frame);
+      return 0;
+    case DM_SETDEFID:
+      // The dialog makes its own, hidden button the default when the list gets the focus.
+      wParam = chooser.folderPath_.empty() ? IDOK : kSelectId;
+      break;
+    case WM_NCDESTROY:
+      RemoveWindowSubclass(frame, &FrameProcedure, kSubclassId);
+      break;
+    default:
+      break;
   }
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(frame, &FrameProcedure, kSubclassId);
   return DefSubclassProc(frame, message, wParam, lParam);
+}
+
+void CDirDlg::OnSelect(HWND frame) {
+  if (IsFolderMarkedInFocusedList(frame)) {
+    SendMessageA(frame, WM_COMMAND, IDOK, 0);
+  } else {
+    selected_ = true;
+    EndDialog(frame, IDOK);
+  }
 }
 
 void CDirDlg::OnInitDone(HWND frame) {
@@ -128,4 +153,5 @@ void CDirDlg::OnFolderChange(HWND frame) {
   const int nameId = GetDlgItem(frame, edt1) ? edt1 : cmb13;
   SetDlgItemTextA(frame, nameId, folderPath_.c_str());
   EnableWindow(GetDlgItem(frame, kSelectId), !folderPath_.empty());
+  SendMessageA(frame, DM_SETDEFID, kSelectId, 0);
 }

@@ -16,8 +16,9 @@ class CDirDlg {
   CDirDlg(const CDirDlg&) = delete;
   CDirDlg& operator=(const CDirDlg&) = delete;
 
-  // Answers IDOK when "Select" was clicked or Enter pressed, else IDCANCEL. A name typed into the dialog
-  // neither closes it nor counts. The process keeps its current folder.
+  // Answers IDOK when "Select" was clicked or Enter pressed, else IDCANCEL. Enter on a folder marked in the
+  // list opens that folder. A name typed into the dialog neither closes it nor counts. The process keeps
+  // its current folder.
   INT_PTR DoModal();
 
   // The folder viewed last, ending in "\", after IDOK. "Select" is disabled where there is no path to
@@ -29,6 +30,7 @@ class CDirDlg {
   static LRESULT CALLBACK FrameProcedure(HWND frame, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                          DWORD_PTR self);
   void OnInitDone(HWND frame);
+  void OnSelect(HWND frame);
   void OnFolderChange(HWND frame);
 
   const std::string initialFolder_;
