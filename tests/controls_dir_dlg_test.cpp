@@ -54,18 +54,6 @@ TEST(DirDlg, AnswersTheViewedFolderWithATrailingBackslash) {
   }
 }
 
-TEST(DirDlg, FollowsTheUserIntoAnotherFolder) {
-  DialogScript script;
-  script.Expect(kTitle, [](HWND frame) {
-    SetDlgItemTextA(frame, kTypedName, "C:\\windows\\system32");
-    SendMessageA(frame, WM_COMMAND, IDOK, 0);
-    Click(frame, kSelect);
-  });
-  CDirDlg chooser("C:\\", nullptr);
-  EXPECT_EQ(chooser.DoModal(), IDOK);
-  EXPECT_EQ(chooser.FolderPath(), "C:\\windows\\system32\\");
-}
-
 TEST(DirDlg, EnterOpensAFolderMarkedInTheList) {
   const ScratchFolder scratch;
   CreateDirectoryA(scratch.File("Inner").c_str(), nullptr);

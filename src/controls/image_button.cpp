@@ -253,7 +253,7 @@ LRESULT CImageButton::Route(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CImageButton::DialogCode(WPARAM key) const {
-  // A button of two pictures is chosen rather than pressed: Enter stays with the dialog's default button.
+  // Enter stays with the dialog's default button.
   if (pictureAbove_) return DLGC_BUTTON;
   LRESULT code = DLGC_BUTTON | (default_ ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
   // The dialog would turn Enter into BN_CLICKED and Down into a move of the focus.

@@ -35,7 +35,8 @@ class CImageButton {
   void SetIcon(UINT iconId, int size);
   // Two bitmaps of the program, of the same size, drawn above the text: the first while the button is not
   // selected, the second while it is. Pixels of the colour `transparent` show the background (LoadImageA
-  // with LR_LOADMAP3DCOLORS, natural size).
+  // with LR_LOADMAP3DCOLORS, natural size). Such a button is chosen, by mouse or Space, rather than pressed:
+  // it never becomes the default button, so that Enter confirms the dialog.
   void SetBitmaps(UINT first, UINT second, COLORREF transparent);
   // Whether the window's text is drawn; it is at first. Screen readers and mnemonics use it in any case.
   void ShowCaption(bool show);
