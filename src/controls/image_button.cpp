@@ -71,6 +71,12 @@ void Frame(HDC dc, const RECT& area, COLORREF colour) {
   FrameRect(dc, &area, brush.Get());
 }
 
+SIZE TextSize(HDC dc, const std::string& text) {
+  RECT area{};
+  DrawTextA(dc, text.c_str(), -1, &area, DT_SINGLELINE | DT_CALCRECT);
+  return {area.right, area.bottom};
+}
+
 void DrawDropArrow(HDC dc, int centre, int middle, COLORREF colour) {
   for (int row = 0; row <= kArrowHalf; ++row) {
     const int y = middle - kArrowHalf / 2 + row;
@@ -148,21 +154,24 @@ void CImageButton::SetTooltip(const std::string& text) {
     SetWindowTextA(button_, text.c_str());
     ShowCaption(false);
   }
-  const HWND dialog = GetParent(button_);
   if (!tooltip_) {
     tooltip_ =
         CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
-                        0, 0, 0, dialog, nullptr, GetModuleHandleA(nullptr), nullptr);
+                        0, 0, 0, GetParent(button_), nullptr, GetModuleHandleA(nullptr), nullptr);
   }
-  std::string shown = text;
+  SendTool(TTM_DELTOOLA);
+  tooltipText_ = text;
+  SendTool(TTM_ADDTOOLA);
+}
+
+void CImageButton::SendTool(UINT message) {
   TTTOOLINFOA tool{};
   tool.cbSize = sizeof(tool);
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = dialog;
+  tool.hwnd = GetParent(button_);
   tool.uId = reinterpret_cast<UINT_PTR>(button_);
-  tool.lpszText = shown.data();
-  SendMessageA(tooltip_, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-  SendMessageA(tooltip_, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+  tool.lpszText = tooltipText_.data();
+  SendMessageA(tooltip_, message, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void CImageButton::SetColour(int slot, COLORREF colour) {
@@ -233,6 +242,9 @@ LRESULT CImageButton::Route(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYUP:
       if (menu_ && OnMenuKey(message, wParam)) return 0;
       break;
+    case WM_KILLFOCUS:
+      if (menu_) SendMessageA(button_, BM_SETSTATE, FALSE, 0);
+      break;
     case WM_SETTEXT:
     case WM_ENABLE:
     case WM_UPDATEUISTATE: {
@@ -271,15 +283,27 @@ void CImageButton::OnMouseMove() {
   Redraw();
 }
 
-// Space opens when it comes up, as it clicks every button; true for each key that the menu takes.
+// True for each key that the menu takes. Space opens when it comes up, as it clicks every button, if it went
+// down here.
 bool CImageButton::OnMenuKey(UINT message, WPARAM key) {
-  const bool opens = key == VK_SPACE
-                         ? message == WM_KEYUP
-                         : (key == VK_RETURN || key == VK_DOWN || key == VK_F4) && message != WM_KEYUP;
-  // Alt+F4 closes the window.
-  if (message == WM_SYSKEYDOWN && key != VK_DOWN) return false;
-  if (opens) PostMessageA(button_, kDropMenu, 0, 0);
-  return opens || key == VK_SPACE;
+  if (message == WM_SYSKEYDOWN && key != VK_DOWN) return false;  // Alt+F4 closes the window
+  const bool down = message != WM_KEYUP;
+  switch (key) {
+    case VK_SPACE:
+      if (down) {
+        SendMessageA(button_, BM_SETSTATE, TRUE, 0);
+      } else if (SendMessageA(button_, BM_GETSTATE, 0, 0) & BST_PUSHED) {
+        PostMessageA(button_, kDropMenu, 0, 0);
+      }
+      return true;
+    case VK_RETURN:
+    case VK_DOWN:
+    case VK_F4:
+      if (down) PostMessageA(button_, kDropMenu, 0, 0);
+      return down;
+    default:
+      return false;
+  }
 }
 
 void CImageButton::DropMenu(bool byKeyboard) {
@@ -293,8 +317,10 @@ void CImageButton::DropMenu(bool byKeyboard) {
   UINT flags = TPM_TOPALIGN | TPM_VERTICAL;
   const POINT corner = MenuPosition(popup, flags);
   SendMessageA(button_, BM_SETSTATE, TRUE, 0);
+  SendTool(TTM_DELTOOLA);  // the tooltip would cover the menu
   TrackPopupMenuEx(popup, flags, corner.x, corner.y, GetParent(button_), &keepClear);
   if (!button_) return;
+  SendTool(TTM_ADDTOOLA);
   SendMessageA(button_, BM_SETSTATE, FALSE, 0);
   // The click on the button that closed the menu must not open it again.
   MSG message;
@@ -320,7 +346,7 @@ POINT CImageButton::MenuPosition(HMENU menu, UINT& flags) const {
   for (int i = 0; i < GetMenuItemCount(menu); ++i) {
     char text[128] = "";
     GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof(text), MF_BYPOSITION);
-    widest = std::max(widest, CaptionSize(dc, text).cx);
+    widest = std::max(widest, TextSize(dc, text).cx);
   }
   SelectObject(dc, before);
   ReleaseDC(button_, dc);
@@ -392,7 +418,7 @@ void CImageButton::DrawContent(HDC dc, RECT area, const Look& look) const {
     area.right -= kArrowRoom;
   }
   const SIZE picture = PictureSize();
-  const SIZE caption = captionShown_ ? CaptionSize(dc, WindowText(button_)) : SIZE{};
+  const SIZE caption = captionShown_ ? TextSize(dc, WindowText(button_)) : SIZE{};
   const int gap = picture.cx && caption.cx ? kGap : 0;
   const int width = area.right - area.left;
   const int height = area.bottom - area.top;
@@ -438,10 +464,4 @@ SIZE CImageButton::PictureSize() const {
   int width = 0, height = 0;
   if (pictures_) ImageList_GetIconSize(pictures_.Get(), &width, &height);
   return {width, height};
-}
-
-SIZE CImageButton::CaptionSize(HDC dc, const std::string& text) const {
-  RECT area{};
-  DrawTextA(dc, text.c_str(), -1, &area, DT_SINGLELINE | DT_CALCRECT);
-  return {area.right, area.bottom};
 }

@@ -65,6 +65,7 @@ class CImageButton {
   void Detach();
   void Redraw() const { InvalidateRect(button_, nullptr, FALSE); }
 
+  void SendTool(UINT message);
   void OnMouseMove();
   bool OnMenuKey(UINT message, WPARAM key);
   void DropMenu(bool byKeyboard);
@@ -77,10 +78,10 @@ class CImageButton {
   void DrawPicture(HDC dc, int x, int y, bool disabled) const;
   void DrawCaption(HDC dc, RECT area, UINT format, const Look& look) const;
   SIZE PictureSize() const;
-  SIZE CaptionSize(HDC dc, const std::string& text) const;
 
   HWND button_ = nullptr;
   HWND tooltip_ = nullptr;  // owned by the dialog, which destroys it
+  std::string tooltipText_;
   UniqueImageList pictures_;
   UniqueMenu menu_;
   COLORREF background_ = 0;
