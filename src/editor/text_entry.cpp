@@ -28,7 +28,7 @@ void CorrectField(HWND dialog, HWND edit, const TextRule& rule) {
   for (;;) {
     const TextProblem problem = CorrectText(rule, typed);
     if (problem == TextProblem::kNone) break;
-    if (problem == TextProblem::kTooLong || rule.Order == TellingOrder::kTellFirst) {
+    if (problem == TextProblem::kTooLong || rule.Order == kTellFirst) {
       Tell(dialog, rule, problem);
     } else {
       ++removedUntold;

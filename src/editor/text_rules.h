@@ -18,14 +18,14 @@ inline constexpr std::string_view kUrlCharacters = "<>\\ *\"|";
 
 // Whether the user is told of a refused character while it still stands in the field or after the corrected
 // text was put back. Of a text too long the user is always told first.
-enum class TellingOrder { kPutBackFirst, kTellFirst };
+enum TellingOrder { kPutBackFirst, kTellFirst };
 
 // The rule of one field.
 struct TextRule {
+  std::size_t Limit;                   // in characters
   std::string_view RefusedCharacters;  // empty: every character is welcome
   std::string_view RefusedMessage;
   TellingOrder Order;
-  std::size_t Limit;  // in characters
 };
 
 // The messages list the same characters in different orders; the URL's shows the blank as it is.
@@ -39,18 +39,15 @@ inline constexpr std::string_view kUrlMessage =
     "The following characters are not allowed:\n\n< > \\   * \" |";
 
 // The fields of the editor, one row a field.
-inline constexpr TextRule kSchemeNameRule{kNameCharacters, kSheetNameMessage, TellingOrder::kPutBackFirst,
-                                          50};
-inline constexpr TextRule kSchemeDescriptionRule{kNameCharacters, kSheetNameMessage,
-                                                 TellingOrder::kPutBackFirst, 50};
-inline constexpr TextRule kNewSchemeNameRule{kNameCharacters, kDialogNameMessage, TellingOrder::kPutBackFirst,
-                                             50};
-inline constexpr TextRule kRootNameRule{kNameCharacters, kDialogNameMessage, TellingOrder::kPutBackFirst, 50};
-inline constexpr TextRule kRootPathRule{kPathCharacters, kPathMessage, TellingOrder::kPutBackFirst, 255};
-inline constexpr TextRule kLinkNameRule{kNameCharacters, kSheetNameMessage, TellingOrder::kTellFirst, 50};
-inline constexpr TextRule kLinkUrlRule{kUrlCharacters, kUrlMessage, TellingOrder::kTellFirst, 255};
-inline constexpr TextRule kLongToolTipRule{{}, {}, TellingOrder::kTellFirst, 100};
-inline constexpr TextRule kShortToolTipRule{{}, {}, TellingOrder::kTellFirst, 50};
+inline constexpr TextRule kSchemeNameRule{50, kNameCharacters, kSheetNameMessage, kPutBackFirst};
+inline constexpr TextRule kSchemeDescriptionRule{50, kNameCharacters, kSheetNameMessage, kPutBackFirst};
+inline constexpr TextRule kNewSchemeNameRule{50, kNameCharacters, kDialogNameMessage, kPutBackFirst};
+inline constexpr TextRule kRootNameRule{50, kNameCharacters, kDialogNameMessage, kPutBackFirst};
+inline constexpr TextRule kRootPathRule{255, kPathCharacters, kPathMessage, kPutBackFirst};
+inline constexpr TextRule kLinkNameRule{50, kNameCharacters, kSheetNameMessage, kTellFirst};
+inline constexpr TextRule kLinkUrlRule{255, kUrlCharacters, kUrlMessage, kTellFirst};
+inline constexpr TextRule kLongToolTipRule{100, {}, {}, kTellFirst};
+inline constexpr TextRule kShortToolTipRule{50, {}, {}, kTellFirst};
 
 // The position of the character to remove: of the first of `characters` that occurs anywhere in `text`, its
 // first occurrence. -1 when none occurs.
