@@ -139,8 +139,8 @@ TEST_F(LinksPage, DialogKeepsOrChangesThePicture) {
       {"a.BMP", "A.bmp", nullptr, "a.BMP"},
       {"A.bmp", "A.bmp", "B.bmp", "B.bmp"},
       {"A.bmp", "A.bmp", "(no picture)", ""},
-      {"Gone.bmp", "Gone.bmp (not on this machine)", nullptr, "Gone.bmp"},
-      {"Q:\\Gone.bmp", "Q:\\Gone.bmp (not on this machine)", "A.bmp", "A.bmp"},
+      {"Gone.bmp", "Gone.bmp (missing)", nullptr, "Gone.bmp"},
+      {"Q:\\Gone.bmp", "Gone.bmp (missing)", "A.bmp", "A.bmp"},
       {elsewhere, "D.bmp", nullptr, elsewhere},
       {PicturePath("User\\B.bmp"), "B.bmp", nullptr, PicturePath("User\\B.bmp")},
   };

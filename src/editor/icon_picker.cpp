@@ -15,7 +15,7 @@ CIconPicker::CIconPicker(const PictureFolders& folders, std::string stored)
     : CDialog(IDD_ICON_PICKER), folders_(folders), list_(folders), picture_(std::move(stored)) {}
 
 bool CIconPicker::OnInitDialog() {
-  list_.Fill(Item(IDC_PICTURES), folders_.IconsAndBitmaps(), picture_);
+  list_.Fill(Item(IDC_PICTURES), Item(IDC_PICTURE_FILE), folders_.IconsAndBitmaps(), picture_);
   return true;
 }
 
@@ -30,17 +30,8 @@ void CIconPicker::OnCommand(int id, int /*code*/) {
 
 LRESULT CIconPicker::OnNotify(const NMHDR& header) {
   if (header.idFrom != IDC_PICTURES) return 0;
-  switch (header.code) {
-    case LVN_ITEMCHANGED:
-      if (reinterpret_cast<const NMLISTVIEW&>(header).uNewState & LVIS_SELECTED)
-        SetItemText(IDC_PICTURE_FILE, list_.ChosenFile());
-      return 0;
-    case NM_DBLCLK:
-      OnOK();
-      return 0;
-    default:
-      return list_.OnNotify(header);
-  }
+  if (header.code == NM_DBLCLK) OnOK();
+  return list_.OnNotify(header);
 }
 
 void CIconPicker::OnHelp() { ShowHelp(); }

@@ -24,8 +24,10 @@ std::string PictureLabel(const PictureFolders& folders, const std::string& store
   return folders.FullPath(stored).empty() ? stored + " (not on this machine)" : FileNameOf(stored);
 }
 
-void CPictureList::Fill(HWND listView, const std::vector<std::string>& paths, const std::string& stored) {
+void CPictureList::Fill(HWND listView, HWND fileField, const std::vector<std::string>& paths,
+                        const std::string& stored) {
   listView_ = listView;
+  fileField_ = fileField;
   thumbnails_.Reset(ImageList_Create(kLargeThumbnailSize, kLargeThumbnailSize, ILC_COLOR32 | ILC_MASK, 0,
                                      kImageListGrowth));
   AddIcon(thumbnails_.Get(), EmptyThumbnail(kLargeThumbnailSize));
@@ -44,7 +46,7 @@ void CPictureList::Fill(HWND listView, const std::vector<std::string>& paths, co
 void CPictureList::SelectStored(const std::string& stored) {
   if (stored.empty()) return SelectRow(0);
   const std::string path = folders_.FullPath(stored);
-  if (path.empty()) return SelectRow(Append({PictureLabel(folders_, stored), "", stored, kMissingImage}));
+  if (path.empty()) return SelectRow(Append({FileNameOf(stored) + " (missing)", "", stored, kMissingImage}));
   Select(path);
   entries_[static_cast<std::size_t>(FindPath(path))].Stored = stored;
 }
@@ -88,9 +90,11 @@ std::string CPictureList::Chosen() const {
   return entry.Stored ? *entry.Stored : folders_.StoredName(entry.Path);
 }
 
-std::string CPictureList::ChosenFile() const {
+void CPictureList::ShowChosenFile() const {
   const Entry& entry = ChosenEntry();
-  return entry.Path.empty() ? entry.Stored.value_or("") : entry.Path;
+  SetWindowTextA(
+      fileField_,
+      (entry.Path.empty() ? PictureLabel(folders_, entry.Stored.value_or("")) : entry.Path).c_str());
 }
 
 LRESULT CPictureList::OnNotify(const NMHDR& header) {
@@ -101,6 +105,9 @@ LRESULT CPictureList::OnNotify(const NMHDR& header) {
         item.iImage = ThumbnailOf(entries_[static_cast<std::size_t>(item.iItem)]);
       return 0;
     }
+    case LVN_ITEMCHANGED:
+      if (reinterpret_cast<const NMLISTVIEW&>(header).uNewState & LVIS_FOCUSED) ShowChosenFile();
+      return 0;
     case NM_CLICK:
     case NM_RCLICK:
       // There is always a choice: a click beside the pictures does not take it away.

@@ -19,17 +19,15 @@ class CPictureList {
   explicit CPictureList(const PictureFolders& folders) : folders_(folders) {}
 
   // Fills a list view with the pictures at `paths`, as PictureFolders lists them, and selects what is stored
-  // now. The list view has the styles LVS_ICON, LVS_SINGLESEL and LVS_SHAREIMAGELISTS; it must not outlive
-  // this.
-  void Fill(HWND listView, const std::vector<std::string>& paths, const std::string& stored);
+  // now. The text of `fileField` says from then on where the chosen picture lies. The list view has the
+  // styles LVS_ICON, LVS_SINGLESEL and LVS_SHAREIMAGELISTS; it must not outlive this.
+  void Fill(HWND listView, HWND fileField, const std::vector<std::string>& paths, const std::string& stored);
   // Selects a file, which is added to the list where it is not in it.
   void Select(const std::string& path);
 
   // What a scheme stores for the chosen picture; "" for no picture. What was stored when the list was filled
   // comes back unchanged.
   std::string Chosen() const;
-  // Where the chosen picture lies, or how it is named where it is not on this machine.
-  std::string ChosenFile() const;
 
   // The dialog hands on the list view's notifications. The result goes back to the control.
   LRESULT OnNotify(const NMHDR& header);
@@ -47,10 +45,12 @@ class CPictureList {
   void SelectStored(const std::string& stored);
   int FindPath(const std::string& path) const;
   const Entry& ChosenEntry() const;
+  void ShowChosenFile() const;
   int ThumbnailOf(Entry& entry);
 
   const PictureFolders& folders_;
   HWND listView_ = nullptr;
+  HWND fileField_ = nullptr;
   UniqueImageList thumbnails_;
   std::vector<Entry> entries_;  // one a row
 };

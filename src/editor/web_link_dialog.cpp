@@ -32,7 +32,7 @@ CWebLinkDialog::CWebLinkDialog(WebLink& link) : CDialog(IDD_WEB_LINK), link_(lin
 bool CWebLinkDialog::OnInitDialog() {
   for (const TextField& field : kTextFields)
     SetItemText(field.Id, link_.*field.Member);
-  pictures_.Fill(Item(IDC_LINK_PICTURES), folders_.Bitmaps(), link_.IconFile);
+  pictures_.Fill(Item(IDC_LINK_PICTURES), Item(IDC_LINK_PICTURE_FILE), folders_.Bitmaps(), link_.IconFile);
   return true;
 }
 
