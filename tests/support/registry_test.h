@@ -17,8 +17,8 @@
 // Blanks and line breaks between them do not count, nor does the order of keys and values.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <windows.h>
+#include <gtest/gtest.h>
 
 #include <string>
 
