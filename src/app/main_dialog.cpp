@@ -69,13 +69,13 @@ void CMainDialog::SetUpButtons() {
   helperButton_.Attach(Item(IDC_CHOOSE_HELPER));
   helperButton_.SetIcon(IDI_HELPER, kButtonIconSize);
   for (CImageButton* button : {&allocateButton_, &helperButton_}) {
-    button->SetColour(0, GetSysColor(COLOR_BTNFACE));
-    button->SetColour(1, kButtonText);
+    button->SetColour(CImageButton::kBackgroundColour, GetSysColor(COLOR_BTNFACE));
+    button->SetColour(CImageButton::kTextColour, kButtonText);
   }
   helpButton_.Attach(Item(IDC_HELP_MENU));
   helpButton_.SetIcon(IDI_HELP, kButtonIconSize);
   helpButton_.SetTooltip("Help and About");
-  helpButton_.SetColour(0, GetSysColor(COLOR_BTNFACE));
+  helpButton_.SetColour(CImageButton::kBackgroundColour, GetSysColor(COLOR_BTNFACE));
   helpButton_.SetMenu(IDM_HELP_MENU);
 }
 
@@ -97,9 +97,9 @@ void CMainDialog::FillList(std::optional<int> rowToSelect) {
   catalogue_.LoadProtectedSchemes();
   for (int row = 0; const SchemeProperties& scheme : catalogue_.Schemes)
     InsertRow(row++, scheme);
+  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
   FitDescriptionColumn();
   SelectRow(rowToSelect.value_or(-1));
-  SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(list_, nullptr, TRUE);
 }
 
