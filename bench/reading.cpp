@@ -61,13 +61,13 @@ struct TestFile {
     const DWORD microseconds = RunProcess(std::string("\"") + program + "\" " + kReadCommand + " " + Path +
                                           " " + std::to_string(Schemes));
     report.Demand(microseconds > 0, "The schemes read are not those that were written.");
-    Times.push_back(microseconds / 1000.0);
+    Times.Add(microseconds / 1000.0);
   }
 
   const int Schemes;
   const std::string Path;
   std::size_t Records;
-  std::vector<double> Times;
+  Series Times;
 };
 
 }  // namespace
@@ -83,13 +83,14 @@ void ReportReading(Report& report) {
       file->Measure(report);
   }
 
-  report.Table("Splitting a file and reading its records", "file | records | median in ms");
+  report.Table("Splitting a file and reading its records", "file | median in ms | least");
   for (const auto& [name, file] : files)
-    report.Row("%s | %zu | %.1f", name, file->Records, Median(file->Times));
+    report.Times(name + (", " + std::to_string(file->Records) + " records"), file->Times);
   report.Table("Compared", "ratio | measured | at most | ");
-  report.Target("shuffled to in order", Median(shuffled.Times) / Median(inOrder.Times), 2);
-  report.Target("ten times the schemes, in order", Median(inOrder.Times) / Median(small.Times), 12);
-  report.Target("ten times the schemes, shuffled", Median(shuffled.Times) / Median(smallShuffled.Times), 12);
+  report.Target("shuffled to in order", shuffled.Times.Median() / inOrder.Times.Median(), 2);
+  report.Target("ten times the schemes, in order", inOrder.Times.Median() / small.Times.Median(), 12);
+  report.Row("ten times the schemes, shuffled | %.2f | - | ",
+             shuffled.Times.Median() / smallShuffled.Times.Median());
 }
 
 int ReadOnce(const char* path, int schemes) {

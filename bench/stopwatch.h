@@ -22,8 +22,25 @@ double Time(Work work) {
   return watch.Elapsed();
 }
 
-inline double Median(std::vector<double> times) {
-  std::sort(times.begin(), times.end());
-  const std::size_t half = times.size() / 2;
-  return times.size() % 2 ? times[half] : (times[half - 1] + times[half]) / 2;
-}
+// The times of one piece of work.
+class Series {
+ public:
+  void Add(double time) { times_.push_back(time); }
+  double Least() const { return *std::min_element(times_.begin(), times_.end()); }
+  double Median() const {
+    std::vector<double> times = times_;
+    const auto middle = times.begin() + std::ssize(times) / 2;
+    std::nth_element(times.begin(), middle, times.end());
+    return *middle;
+  }
+  // The same without what every time includes.
+  Series Less(double part) const {
+    Series rest;
+    for (const double time : times_)
+      rest.Add(time - part);
+    return rest;
+  }
+
+ private:
+  std::vector<double> times_;
+};
