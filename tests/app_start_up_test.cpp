@@ -160,6 +160,11 @@ TEST_F(StartUpTest, SeesASecondCopyUnderAnyCase) {
     inputs.push_back(std::move(write));
     EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected);
   }
+  const HWND first = CreateWindowA("Static", "Kelvanstead Scheme Manager", WS_OVERLAPPEDWINDOW | WS_MINIMIZE,
+                                   0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+  EXPECT_FALSE(CSchemeManagerApp().InitInstance());
+  EXPECT_TRUE(IsWindowVisible(first) && !IsIconic(first)) << "only the first copy's window is shown";
+  DestroyWindow(first);
   inputs.clear();  // the end of their input ends them
   for (const UniqueProcess& process : copies) {
     if (WaitForSingleObject(process.Get(), 5'000) != WAIT_OBJECT_0) TerminateProcess(process.Get(), 1);

@@ -34,17 +34,19 @@ bool IsThisProgram(const PROCESSENTRY32& process) {
                      [&process](const char* name) { return lstrcmpiA(process.szExeFile, name) == 0; });
 }
 
-void RestoreMainWindow() {
-  if (const HWND window = FindWindowExA(nullptr, nullptr, nullptr, kMainWindowTitle)) {
-    ShowWindow(window, SW_RESTORE);
-  }
+void BringMainWindowToFront() {
+  const HWND window = FindWindowExA(nullptr, nullptr, nullptr, kMainWindowTitle);
+  if (!window) return;
+  ShowWindow(window, SW_RESTORE);
+  // Restoring does not raise a window that is not minimised. What its user works in may be a dialog above it.
+  SetForegroundWindow(GetLastActivePopup(window));
 }
 
 }  // namespace
 
 bool CSchemeManagerApp::InitInstance() {
   if (IsAlreadyRunning()) {
-    RestoreMainWindow();
+    BringMainWindowToFront();
     return false;
   }
   // The schemes come before the policy: a locked user on a machine without schemes is told of the schemes.
@@ -83,11 +85,10 @@ bool CSchemeManagerApp::PolicyAllows() {
   DWORD lock = 0;
   if (const UniqueKey key = OpenKey(HKEY_CURRENT_USER, kPolicyKey, KEY_READ)) {
     // Any type counts, by its raw bytes. Longer data fails the query, which allows.
-    DWORD value = 0;
-    DWORD size = sizeof(value);
-    if (RegQueryValueExA(key.Get(), "Lock", nullptr, nullptr, reinterpret_cast<BYTE*>(&value), &size) ==
+    DWORD size = sizeof(lock);
+    if (RegQueryValueExA(key.Get(), "Lock", nullptr, nullptr, reinterpret_cast<BYTE*>(&lock), &size) !=
         ERROR_SUCCESS) {
-      lock = value;
+      lock = 0;
     }
   }
   if (lock == 0) return true;
