@@ -3,6 +3,9 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "allocation/allocation_dialog.h"
 #include "app/about_dialog.h"
 #include "app/main_dialog_ids.h"
@@ -98,6 +101,7 @@ void CMainDialog::FillList(std::optional<int> rowToSelect) {
   for (int row = 0; const SchemeProperties& scheme : catalogue_.Schemes)
     InsertRow(row++, scheme);
   SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
+  // Only now does the list know whether it needs a scroll bar.
   FitDescriptionColumn();
   SelectRow(rowToSelect.value_or(-1));
   InvalidateRect(list_, nullptr, TRUE);
