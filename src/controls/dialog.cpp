@@ -7,10 +7,8 @@
 #include "controls/window_text.h"
 
 INT_PTR CDialog::DoModal(HWND owner) {
-  const INT_PTR result = DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(templateId_), owner,
-                                         &Procedure, reinterpret_cast<LPARAM>(this));
-  window_ = nullptr;
-  return result;
+  return DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(templateId_), owner, &Procedure,
+                         reinterpret_cast<LPARAM>(this));
 }
 
 std::string CDialog::ItemText(int id) const { return WindowText(Item(id)); }
@@ -34,8 +32,11 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LP
   auto* self = reinterpret_cast<CDialog*>(GetWindowLongPtrA(window, DWLP_USER));
   if (!self) return FALSE;
   try {
-    return self->Route(message, wParam, lParam);
+    const INT_PTR answer = self->Route(message, wParam, lParam);
+    if (message == WM_NCDESTROY) self->window_ = nullptr;
+    return answer;
   } catch (const std::exception&) {
+    self->initialising_ = false;  // else the dialog could not be closed any more
     MessageBeep(MB_ICONERROR);
     return FALSE;
   }

@@ -24,7 +24,7 @@ class CDialog {
   // dialog could not be made. `owner` is disabled meanwhile; it may be null.
   INT_PTR DoModal(HWND owner);
 
-  // Null before the dialog is shown and after it was ended.
+  // Null before the dialog is shown and after its window was destroyed.
   HWND Window() const { return window_; }
 
  protected:

@@ -21,9 +21,6 @@ void CPropertyPage::OnHelp() { sheet_->OnHelp(); }
 
 LRESULT CPropertyPage::OnNotify(const NMHDR& header) {
   switch (header.code) {
-    case PSN_KILLACTIVE:
-      ExchangeData(false);
-      return FALSE;
     case PSN_APPLY:
       ExchangeData(false);
       sheet_->confirmed_ = true;

@@ -21,8 +21,8 @@ class CPropertyPage : public CDialog {
   using CDialog::CDialog;
 
  protected:
-  // Moves the page's data from its members to the controls or back. Called when the page is made, when it is
-  // left (PSN_KILLACTIVE) and at OK (PSN_APPLY), so that both directions stand in one function.
+  // Moves the page's data from its members to the controls or back. Called when the page is made and at
+  // OK (PSN_APPLY), so that both directions stand in one function.
   virtual void ExchangeData(bool /*toControls*/) {}
   // The sheet's Help button, or F1 (PSN_HELP).
   void OnHelp() override;
