@@ -23,7 +23,7 @@ class ConfigurationSection {
   // Writes the section and every record of its list, and deletes nothing. Each level has a guard: a key that
   // must exist. Where it does not, the settings caution is shown for the level, and the level is not written.
   // Where the section may not be written its records are not either. True when everything was written and the
-  // list has as many records as stated.
+  // list has no fewer records than stated.
   bool SaveToRegistry(const std::string& scheme) const;
 
   // Appends the section's records to the process' record store.

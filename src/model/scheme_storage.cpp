@@ -156,7 +156,7 @@ bool LoadTabSelection(const std::string& name, SchemeProperties& scheme) {
 bool LoadToolBars(const std::string& name, SchemeProperties& scheme) {
   if (!IsSchemeName(name)) return false;
   scheme.ToolBars = {};
-  if (!RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, SectionPath(name, kToolBarsKey).c_str())) return false;
+  // Where the section's key is missing, so are its pages: they need no test of it.
   bool complete = true;
   int number = 0;
   for (ToolBarPage& page : scheme.ToolBars)

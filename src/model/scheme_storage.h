@@ -7,7 +7,8 @@
 // at once and touches nothing.
 //
 // A stated count is kept as it is held, in both directions. Loading reads no more than kMaxRecords records
-// and saving writes no more than the list has; the section succeeds only if the list holds as many as stated.
+// and saving writes no more than the list has; loading succeeds only if the list then holds as many as
+// stated, saving if it holds no fewer.
 #pragma once
 
 #include <string>

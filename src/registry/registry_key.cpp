@@ -63,7 +63,6 @@ bool RegistryKey::Open(bool wantSubkeys, bool wantValues) {
                                                    KEY_READ | KEY_WRITE, nullptr, key_.Put(), nullptr)
                                  : RegOpenKeyExA(root_, path_.c_str(), 0, KEY_READ, key_.Put());
   if (Succeeded(result)) return true;
-  key_.Release();  // nothing was opened, whatever the call has left in the handle
   subkeys_.Enabled = false;
   values_.Enabled = false;
   return false;

@@ -3,8 +3,8 @@
 // The key is opened on first use and stays open until the object is pointed elsewhere, closed or destroyed,
 // so a row of reads or writes costs one open. Every operation answers success as a boolean and shows nothing;
 // a failure leaves the out argument as told below, the registry unchanged, and the Win32 code of the failing
-// call in LastError (0 where the call succeeded but the value was of another type). Every operation clears
-// LastError first.
+// call in LastError (0 where the call succeeded but the value was of another type). Every operation but Close
+// clears LastError first.
 //
 // A text handed out points into a buffer of the object. It is valid until the next operation of the same kind
 // on the object, or its end: copy what you keep.
