@@ -89,8 +89,8 @@ TEST_F(MainWindowTest, ReportsUnreadableSchemesOnceAndListsTheOthers) {
   Run(script, [](HWND window) {
     EXPECT_EQ(Names(window), (Texts{"Infants", "Juniors", "Staff"}));
     EXPECT_EQ(ListCellText(List(window), 0, 1), "For the youngest");
-    EXPECT_EQ(Image(window, 0), Image(window, 1));
-    EXPECT_NE(Image(window, 0), Image(window, 2)) << "built in schemes have a picture of their own";
+    EXPECT_EQ(Image(window, 1), 1);
+    EXPECT_EQ(Image(window, 2), 0) << "built in schemes have a picture of their own";
     EXPECT_EQ(GetFocus(), List(window));
   });
   Show();
@@ -130,6 +130,22 @@ TEST_F(MainWindowTest, DeletesTheSelectedSchemeOnly) {
     "Staff"="Teachers"
     [Schemes\Staff]
   )");
+}
+
+TEST_F(MainWindowTest, EditsByTheButtonAndByADoubleClick) {
+  const std::string refusal = "Staff is a built in scheme and cannot be edited";
+  DialogScript script;
+  Run(script, [&](HWND window) {
+    Click(window, IDC_EDIT);  // nothing is selected
+    Select(window, "Staff");
+    script.ExpectMessage("Error", refusal).ExpectMessage("Error", refusal);
+    Click(window, IDC_EDIT);
+    RECT row{};
+    ListView_GetItemRect(List(window), SelectedRow(List(window)), &row, LVIR_LABEL);
+    SendMessageA(List(window), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(row.left + 4, row.top + 4));
+    EXPECT_EQ(script.Remaining(), 0u);
+  });
+  Show();
 }
 
 TEST_F(MainWindowTest, RefusesToDeleteTheUnnamedScheme) {
@@ -186,6 +202,9 @@ TEST_F(MainWindowTest, RestoresAWipedMachineFromItsFile) {
     Click(window, IDC_LOAD);
     saved = DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey);
 
+    script.ExpectMessage("Scheme Deletion", "Are you sure you want to delete this scheme ?");
+    Select(window, "Infants");
+    Click(window, IDC_DELETE);
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "[]\n");
     script.Expect("Open", choose);
