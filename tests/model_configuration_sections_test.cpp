@@ -127,9 +127,8 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
     file += record.Key1 + record.Key2 + record.Value;
   records = SplitRecords(file);
   ASSERT_EQ(golden_.Records.size(), records.size());
-  for (std::size_t i = 0; i < records.size(); ++i) {
+  for (std::size_t i = 0; i < records.size(); ++i)
     EXPECT_EQ(golden_.Records[i], records[i]) << i << ": " << records[i].Key1 << "/" << records[i].Key2;
-  }
 
   TheRecordStore().Fill(records);
   FullConfiguration read;
@@ -137,22 +136,6 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
   for (ToolButton& button : config_.ToolBar.ButtonList)
     button.URL = button.WavFile = "";  // never come back
   EXPECT_EQ(config_, read);
-}
-
-TEST_F(ConfigurationSectionsTest, MembersAreNamedAfterTheirValues) {
-  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), R"(
-    [MyWork] "LeftMargin"=dword:1 "TopMargin"=dword:ffffffff "Buttons"=dword:1 "BGImg"="image"
-    [MyWork\Button1\Images] "Over"="over")");
-  EXPECT_FALSE(config_.LoadFromRegistry("S"));  // most of it is missing
-  FullConfiguration expected;
-  expected.MyWork.LeftMargin = 1;
-  expected.MyWork.TopMargin = 0xFFFFFFFF;
-  expected.MyWork.Buttons = 1;
-  expected.MyWork.BGImg = "image";
-  ToolButton& button = expected.MyWork.ButtonList.emplace_back();
-  button.KeyName = "Button1";
-  button.Over = "over";
-  EXPECT_EQ(expected, config_);
 }
 
 TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {

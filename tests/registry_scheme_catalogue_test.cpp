@@ -14,9 +14,9 @@ namespace {
 
 class SchemeCatalogueTest : public RegistryTest {
  protected:
-  void Load(const std::string& schemes, bool reportUnreadable = false) {
+  void Load(const std::string& schemes) {
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, schemes);
-    catalogue_.LoadCatalogue(reportUnreadable);
+    catalogue_.LoadCatalogue(false);
   }
   std::string Listed() const {
     std::string text;
@@ -36,40 +36,16 @@ class SchemeCatalogueTest : public RegistryTest {
   SchemeCatalogue catalogue_;
 };
 
-constexpr char kDamagedSchemes[] = R"(
-  @="unnamed" "Gone 1"="1" "Gone 2"="2" "Infants"="For the small ones" "Inf\\Below"="names no key"
-  "Juniors"=hex(1):41 [infants\Defaults] "DefaultView"="icons" [Juniors] [Unlisted]
-)";
-
 TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKey) {
   catalogue_.Schemes.resize(3);
-  Load(kDamagedSchemes);
+  Load(R"(
+    @="unnamed" "Gone"="1" "Infants"="For the small ones" "Inf\\Below"="names no key" "Juniors"=hex(1):41
+    [infants\Defaults] "DefaultView"="icons" [Juniors] [Unlisted] [Inf\Below]
+  )");
   EXPECT_EQ(":unnamed,Infants:For the small ones,Juniors:A,", Listed());
   EXPECT_EQ(Listed(), InConfig());
   EXPECT_EQ(SchemeDefaults(), catalogue_.Schemes[0].Defaults);
   EXPECT_EQ("icons", catalogue_.Schemes[1].Defaults.DefaultView);
-}
-
-TEST_F(SchemeCatalogueTest, NamesTheUnreadableOnesInOneMessage) {
-  DialogScript script;
-  script.ExpectMessage("Schemes Problem",
-                       "The following scheme/s could not be read:\nGone 1, Gone 2, Inf\\Below.\n\n"
-                       "It's recommended that they are reloaded from a valid\n"
-                       "Kelvanstead Scheme Manager configuration file.");
-  Load(kDamagedSchemes, true);
-  EXPECT_EQ(3u, catalogue_.Schemes.size());
-  EXPECT_EQ(0u, script.Remaining());
-}
-
-TEST_F(SchemeCatalogueTest, SaysNothingWhenAllCanBeRead) {
-  Load("\"Infants\"=\"\"\n[Infants]", true);
-  EXPECT_EQ("Infants:,", Listed());
-}
-
-TEST_F(SchemeCatalogueTest, EndsAtAValueThatDoesNotFit) {
-  const std::string fits(259, 'a');
-  Load(R"("A"=")" + fits + R"(" "B"=")" + fits + R"(x" "C"="" [A] [B] [C])");
-  EXPECT_EQ("A:" + fits + ",", Listed());
 }
 
 // Runs in a process of its own, as the call does not return.
