@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "model/scheme_layout.h"
@@ -27,16 +28,19 @@ void WriteCountedSection(RecordStore& store, const SchemeProperties& scheme,
 }
 
 template <class Record, class Fields>
-bool ReadCountedSection(RecordStore& store, SchemeProperties& scheme,
+void ReadCountedSection(RecordStore& store, SchemeProperties& scheme,
                         const CountedSectionLayout<Record>& layout, const Fields& fields) {
-  CountedList<Record>& section = scheme.*layout.Section;
-  section.Records.clear();
-  section.Count = store.ReadIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName);
+  const std::int32_t stated = store.ReadIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName);
   const std::string owner = scheme.Name + layout.FileRecordLabel;
-  for (std::int32_t n = 1; n <= section.Count && n <= kMaxRecords; ++n) {
-    ReadFields(store, owner + std::to_string(n), section.Records.emplace_back(), fields);
+  std::vector<Record> records;
+  for (std::int32_t n = 1; n <= std::min(stated, kMaxRecords); ++n) {
+    ReadFields(store, owner + std::to_string(n), records.emplace_back(), fields);
   }
-  return section.Count <= kMaxRecords;
+  if (stated > kMaxRecords) {
+    while (!records.empty() && records.back() == Record())
+      records.pop_back();
+  }
+  (scheme.*layout.Section).Assign(std::move(records));
 }
 
 std::string ToolBarPageOwner(const SchemeProperties& scheme, std::size_t page) {
@@ -58,15 +62,14 @@ void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme) {
   WriteFields(store, scheme.Name + kDefaultsFileLabel, scheme.Defaults, kDefaultsFields);
 }
 
-bool ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme) {
-  const bool rootsRead = ReadCountedSection(store, scheme, kFolderDisplayLayout, kFolderRootFileFields);
-  const bool linksRead = ReadCountedSection(store, scheme, kWebLinksLayout, kWebLinkFields);
+void ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme) {
+  ReadCountedSection(store, scheme, kFolderDisplayLayout, kFolderRootFileFields);
+  ReadCountedSection(store, scheme, kWebLinksLayout, kWebLinkFields);
   ReadFields(store, scheme.Name + kTabsFileLabel, scheme.Tabs, kTabSelectionFields);
   for (std::size_t page = 0; page < scheme.ToolBars.size(); ++page) {
     ReadFields(store, ToolBarPageOwner(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
   }
   ReadFields(store, scheme.Name + kDefaultsFileLabel, scheme.Defaults, kDefaultsFields);
-  return rootsRead && linksRead;
 }
 
 void WriteSchemeCount(RecordStore& store, std::size_t count) {
@@ -94,8 +97,7 @@ std::vector<SchemeProperties> ReadSchemes(RecordStore& store, std::int32_t count
     if (store.ReadCursor() > store.Count() + kMaxMissingRecords) break;
     SchemeProperties& scheme = schemes.emplace_back();
     scheme.Name = store.ReadStringRecord(SchemeKey(i), kNameOfScheme);
-    // A damaged section is kept as far as it goes, like every other damage of a file.
-    (void)ReadPropertyRecords(store, scheme);
+    ReadPropertyRecords(store, scheme);
     afterEach();
   }
   return schemes;

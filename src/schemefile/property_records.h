@@ -18,10 +18,10 @@
 // written, even if its count states more of them.
 void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme);
 
-// Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0. A count
-// beyond kMaxRecords is damage: kMaxRecords records are read and `scheme` keeps the count; the answer is then
-// false, else true.
-bool ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme);
+// Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0, and the
+// counts agree with the lists: a negative count is damage and stands for no records, one beyond kMaxRecords
+// for those of the first kMaxRecords that are there.
+void ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme);
 
 // Appends the record "Scheme Count".
 void WriteSchemeCount(RecordStore& store, std::size_t count);

@@ -54,8 +54,9 @@ void Import(std::vector<SchemeRecord> records) {
 
   RecordStore exported;
   for (const SchemeProperties& scheme : schemes) {
-    Require(scheme.FolderDisplay.Records.size() <= kMaxRecords &&
-            scheme.WebLinks.Records.size() <= kMaxRecords);
+    Require(scheme.FolderDisplay.Count <= kMaxRecords && scheme.WebLinks.Count <= kMaxRecords);
+    Require(std::ssize(scheme.FolderDisplay.Records) == scheme.FolderDisplay.Count);
+    Require(std::ssize(scheme.WebLinks.Records) == scheme.WebLinks.Count);
     WritePropertyRecords(exported, scheme);
   }
 }
