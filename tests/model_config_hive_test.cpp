@@ -73,6 +73,14 @@ TEST_F(ConfigHiveTest, WritesAndReadsTwoRecordsAnEntry) {
     expected.resize(count.Read, {"", "blank"});
     EXPECT_EQ(expected, read.Entries);
   }
+
+  // The walk over the values would end at a longer text and hide the schemes behind it.
+  const std::string fits(259, 'f');
+  TheRecordStore().Fill({{"Scheme Count", "The number of schemes", "1"},
+                         {"Config Hive", "Config1", "Infants"},
+                         {"Config Hive", "Infants", fits + "x"}});
+  hive_.ReadFromFile();
+  EXPECT_EQ((Entries{{"Infants", fits}}), hive_.Entries);
 }
 
 }  // namespace

@@ -57,6 +57,6 @@ void ConfigHive::ReadFromFile() {
   for (std::int32_t i = 1; i <= count; ++i) {
     ConfigHiveEntry& entry = Entries.emplace_back();
     entry.SchemeName = store.ReadStringRecord(kFileLabel, FileKey(i));
-    entry.ConfigText = store.ReadStringRecord(kFileLabel, entry.SchemeName);
+    entry.ConfigText = store.ReadStringRecord(kFileLabel, entry.SchemeName).substr(0, kMaxTextLength);
   }
 }

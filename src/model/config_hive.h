@@ -27,7 +27,7 @@ class ConfigHive {
   // Appends two records a pair to the record store.
   void WriteToFile() const;
   // Replaces the list by the pairs in the record store: as many as its "Scheme Count" states, at most as many
-  // as it has records.
+  // as it has records. A text is cut to 259 characters: a longer one would end every later list.
   void ReadFromFile();
 
   std::vector<ConfigHiveEntry> Entries;

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr DWORD kBufferSize = 260;
+constexpr DWORD kBufferSize = kMaxTextLength + 1;
 
 // Stored texts need not end in a NUL.
 std::string TextOf(const char* data, DWORD size) { return {data, std::find(data, data + size, '\0')}; }

@@ -11,6 +11,9 @@
 
 #include "base/unique_handle.h"
 
+// The longest text that a walk over values gets past.
+inline constexpr std::size_t kMaxTextLength = 259;
+
 // RegOpenKeyExA. Empty when the key cannot be opened so.
 UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access);
 
