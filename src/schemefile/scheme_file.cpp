@@ -2,6 +2,8 @@
 
 #include <io.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <exception>
 #include <optional>
 #include <utility>
@@ -21,6 +23,10 @@ constexpr int kWritable = 2;
 constexpr LONGLONG kMaxFileSize = 0x7FFFFFFE;  // the longest text of a 32-bit process
 constexpr std::size_t kWriteSize = 1 << 20;
 
+// Some 40,000 schemes. A damaged file may hold little but terminators, and records in memory take thirty
+// times as much as those on disk.
+constexpr std::ptrdiff_t kMaxFields = 12'000'000;
+
 bool WriteAll(HANDLE file, const std::string& bytes) {
   DWORD written = 0;
   return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
@@ -39,14 +45,6 @@ std::optional<std::string> ReadAll(const std::string& path) {
     return std::nullopt;
   }
   return bytes;
-}
-
-void ShowReadProblem(HWND owner) {
-  ShowWarning(owner,
-              "Unable to read the file specified.\n"
-              "This is due to the file being damaged,\n"
-              "protected or unreadable for another reason",
-              "Read Problem");
 }
 
 }  // namespace
@@ -86,29 +84,29 @@ void SchemeFile::Remove(const std::string& path) {
 
 std::size_t SchemeFile::Read(const std::string& testPath, const std::string& path) {
   records_.clear();
-  if (_access(testPath.c_str(), kWritable) != 0) {
-    ShowReadProblem(owner_);
-    return 0;
-  }
   try {
-    return Import(path);
-  } catch (const std::exception&) {  // more records than memory holds
-    ShowReadProblem(owner_);
-    return 0;
+    if (_access(testPath.c_str(), kWritable) == 0) {
+      if (const std::optional<std::size_t> count = Import(path)) return *count;
+    }
+  } catch (const std::exception&) {  // more than memory holds
   }
+  ShowWarning(owner_,
+              "Unable to read the file specified.\n"
+              "This is due to the file being damaged,\n"
+              "protected or unreadable for another reason",
+              "Read Problem");
+  return 0;
 }
 
-std::size_t SchemeFile::Import(const std::string& path) {
+std::optional<std::size_t> SchemeFile::Import(const std::string& path) {
   std::optional<std::string> file = ReadAll(path);
-  if (!file) {
-    ShowReadProblem(owner_);
-    return 0;
-  }
+  if (!file) return std::nullopt;
   if (!HasSignature(*file)) {
     ShowMessage(owner_, "This does not appear to be a valid Kelvanstead Scheme Manager File.",
                 "File Load Problem", MB_ICONEXCLAMATION);
     return 0;
   }
+  if (std::count(file->begin(), file->end(), kFieldTerminator) > kMaxFields) return std::nullopt;
   SchemeHive hive;
   hive.Records = SplitRecords(*file);
   file.reset();

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,14 +28,15 @@ class SchemeFile {
   // Deletes the file if it may be written to (_access, mode 2; DeleteFileA). Shows nothing.
   static void Remove(const std::string& path);
 
-  // Imports the file at `path` into the registry. Tells the user, and changes nothing, when `testPath` may
-  // not be written to (_access, mode 2: write-protected files are refused), when the file cannot be read,
-  // when there is too little memory for it, or when it does not begin with the signature. Answers the number
-  // of its records, 0 for a file that was refused.
+  // Imports the file at `path` into the registry, and empties this object. Tells the user, and changes
+  // nothing, when `testPath` may not be written to (_access, mode 2: write-protected files are refused), when
+  // the file cannot be read, when it does not begin with the signature, or when it has more records than any
+  // machine's schemes or memory would hold. Answers the number of its records, 0 for a file that was refused.
   std::size_t Read(const std::string& testPath, const std::string& path);
 
  private:
-  std::size_t Import(const std::string& path);
+  // Nothing when the file cannot be read. Shows the message for a file without the signature.
+  std::optional<std::size_t> Import(const std::string& path);
 
   const HWND owner_;
   std::vector<SchemeRecord> records_;

@@ -5,9 +5,8 @@
 // One record of a scheme file: a value under a two-part key. Texts are counted, single-byte and unconverted;
 // they may hold NUL bytes.
 struct SchemeRecord {
-  std::string
-      Key1;  // an item or a section label, for example "Scheme Count" or a scheme's name + " - Defaults"
-  std::string Key2;   // the item within it, or a description
+  std::string Key1;   // an item, or a label such as a scheme's name + " - Defaults"
+  std::string Key2;   // the item within the label, or a description
   std::string Value;  // numbers stand in signed decimal
 
   bool operator==(const SchemeRecord&) const = default;
