@@ -6,6 +6,7 @@
 
 #include "controls/progress_bar_ids.h"
 #include "model/scheme_storage.h"
+#include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 #include "schemefile/exchange_commands.h"
 #include "schemefile/record_store.h"
@@ -16,21 +17,6 @@
 #include "support/scratch_folder.h"
 
 namespace {
-
-constexpr char kReadProblem[] =
-    "Unable to read the file specified.\nThis is due to the file being damaged,\n"
-    "protected or unreadable for another reason";
-constexpr char kLoadProblem[] = "This does not appear to be a valid Kelvanstead Scheme Manager File.";
-constexpr char kFolderProblem[] = "The folder you have specified is read only, please pick another";
-constexpr char kExportProblem[] =
-    "There was a problem exporting your schemes file.\n"
-    "This may be due to the disk being full, corrupt or protected.\n\n"
-    "If the file appears to have been created it should not be\nrelied upon as correct";
-
-constexpr char kImportProblem[] =
-    "There was a problem importing your schemes file.\n"
-    "This may be due to the disk being corrupt or protected.\n\n"
-    "If the file appears to have been imported the settings should not be relied \nupon as correct";
 
 SchemeProperties Infants() {
   SchemeProperties scheme;
@@ -43,13 +29,6 @@ SchemeProperties Infants() {
   scheme.ToolBars[1] = {17, 18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32};
   scheme.ToolBars[2] = {33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48};
   scheme.Defaults = {"tree2", 51, 52, 53, 54, 55, 56};
-  return scheme;
-}
-
-SchemeProperties Named(const std::string& name, std::size_t roots) {
-  SchemeProperties scheme;
-  scheme.Name = name;
-  scheme.FolderDisplay.Assign(std::vector<FolderRoot>(roots));
   return scheme;
 }
 
@@ -80,10 +59,10 @@ L~o - Tabs - FolderDisplay: RootFoldersCount=0
 L~o - Tabs - Folder Display: WeblinksCount=0
 L~o - Tabs - Tabs: Page1=0; Page2=0; Page3=0
 )";
-  for (const char* page : {"1", "2", "3"}) {
+  for (const char page : {'1', '2', '3'}) {
     text += std::string("L~o - Tabs - ToolBars - Page ") + page +
-            ": Back=0; Copy=0; Cut=0; Delete=0; Forward=0; Help=0; Icon=0; New=0; Paste=0; Print=0; "
-            "Refresh=0; Rename=0; Side=0; Undo=0; Up=0; View=0\n";
+            ": Back=0; Copy=0; Cut=0; Delete=0; Forward=0; Help=0; Icon=0; New=0; Paste=0; Print=0\n"
+            " Refresh=0; Rename=0; Side=0; Undo=0; Up=0; View=0\n";
   }
   text +=
       R"(L~o - Tabs - Defaults: DefaultView=; DefaultIconSize=0; DefaultFirstTab=0; ShortToolTips=0; Silent=0
@@ -91,6 +70,17 @@ L~o - Tabs - Tabs: Page1=0; Page2=0; Page3=0
   std::replace(text.begin(), text.end(), '~', '\xE9');
   return FileBytes(text);
 }
+
+// Names a file in a file dialog and confirms.
+DialogScript::Action ChooseFile(const std::string& path) {
+  return [path](HWND dialog) {
+    constexpr int kNameCombo = 1148, kNameEdit = 1152;
+    SetDlgItemTextA(dialog, GetDlgItem(dialog, kNameCombo) ? kNameCombo : kNameEdit, path.c_str());
+    Click(dialog, IDOK);
+  };
+}
+
+std::string WorkingFolder() { return std::filesystem::current_path().string(); }
 
 // Every test has a machine with the shell but without schemes, a window for messages and a folder for files.
 class ExchangeTest : public RegistryTest {
@@ -111,27 +101,23 @@ class ExchangeTest : public RegistryTest {
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "");
   }
-  void Add(const SchemeProperties& scheme) {
-    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"" + scheme.Name + "\"=\"For " + scheme.Name + "\"");
-    ASSERT_TRUE(SaveSchemeProperties(scheme.Name, scheme));
-  }
-  void AddTwoSchemes() {
-    Add(Infants());
-    Add(Named("L\xE9o - Tabs", 0));
+  void Add(SchemeProperties scheme, const std::string& name, std::size_t roots) {
+    scheme.Name = name;
+    scheme.FolderDisplay.Records.resize(roots);
+    scheme.FolderDisplay.Count = static_cast<std::int32_t>(roots);
+    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"" + name + "\"=\"For " + name + "\"");
+    ASSERT_TRUE(SaveSchemeProperties(name, scheme));
   }
   std::string Schemes() { return DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey); }
 
-  // The names of the schemes that have a key, each with its number of roots.
+  // The schemes that have a key, each with its number of roots.
   std::string RootCounts() {
-    UniqueKey key;
-    RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSchemesKey, 0, KEY_READ, key.Put());
     std::string counts;
-    char name[256];
-    for (DWORD i = 0; RegEnumKeyA(key.Get(), i, name, sizeof(name)) == ERROR_SUCCESS; ++i) {
+    ForEachSubkey(OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ).Get(), [&](const std::string& name) {
       SchemeProperties scheme;
       (void)LoadFolderDisplay(name, scheme);
-      counts += std::string(name) + ":" + std::to_string(scheme.FolderDisplay.Count) + " ";
-    }
+      counts += name + ":" + std::to_string(scheme.FolderDisplay.Count) + " ";
+    });
     return counts;
   }
 
@@ -140,21 +126,37 @@ class ExchangeTest : public RegistryTest {
   const std::string path_ = folder_.File("schemes.ksf");
 };
 
-TEST_F(ExchangeTest, ExportIsTheSameByteForByte) {
-  SchemeFile file(window_);
-  EXPECT_EQ(file.Save(), 1u);
-  ASSERT_TRUE(file.Write(folder_.Path(), path_));
-  EXPECT_EQ(ReadFileBytes(path_), FileBytes("Scheme Count: The number of schemes=0"));
-  AddTwoSchemes();
-  const std::size_t records = file.Save();
-  EXPECT_EQ(records, TheRecordStore().Count());
-  ASSERT_TRUE(file.Write(folder_.Path(), path_));
+TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
+  Add(Infants(), "Infants", 1);
+  Add({}, "L\xE9o - Tabs", 0);
+  const std::string schemes = Schemes(), workingFolder = WorkingFolder();
+  DialogScript script;
+  script.Expect("Save As", ChooseFile(folder_.File("schemes")));
+  SaveToDisk(window_);
   EXPECT_EQ(ReadFileBytes(path_), ExpectedFile());
+
+  ClearSchemes();
+  script.Expect("Open", [](HWND dialog) { Click(dialog, IDCANCEL); });
+  EXPECT_FALSE(LoadFromDisk(window_));
+  EXPECT_EQ(RootCounts(), "");
+  script.Expect("Open", ChooseFile(path_));
+  EXPECT_TRUE(LoadFromDisk(window_));
+  EXPECT_EQ(Schemes(), schemes);
+  // Every look-up for a scheme found its record at the cursor.
+  EXPECT_EQ(TheRecordStore().ReadCursor(), TheRecordStore().Count());
+  EXPECT_EQ(WorkingFolder(), workingFolder);
+
+  ClearSchemes();
+  script.Expect("Save As", ChooseFile(path_)).Expect("Error", [](HWND overwrite) {  // so Wine calls it
+    Click(overwrite, IDYES);
+  });
+  SaveToDisk(window_);
+  EXPECT_EQ(ReadFileBytes(path_), FileBytes("Scheme Count: The number of schemes=0"));
 }
 
 TEST_F(ExchangeTest, ImportReplacesOnlyTheSchemesOfTheFile) {
-  Add(Named("Other", 3));
-  Add(Named("Infants", 2));
+  Add({}, "Other", 3);
+  Add({}, "Infants", 2);
   WriteFileBytes(path_, ExpectedFile());
   SchemeFile(window_).Read(path_, path_);
   EXPECT_EQ(RootCounts(), "Infants:1 L\xE9o - Tabs:0 Other:3 ");
@@ -163,35 +165,32 @@ TEST_F(ExchangeTest, ImportReplacesOnlyTheSchemesOfTheFile) {
 }
 
 TEST_F(ExchangeTest, DamageCostsWhatItHit) {
-  const std::string both = "Infants:1 L\xE9o - Tabs:0 ", first = "Infants:1 ";
-  const std::string count = "schemes|2", name = "Scheme1|Name of scheme|L\xE9o - Tabs|";
+  const std::string first = "Infants:1 ", both = first + "L\xE9o - Tabs:0 ";
+  const std::string name = "Scheme1|Name of scheme|", second = name + "L\xE9o - Tabs|";
   // The first occurrence of a text gives way to another; nothing is left behind `to` when `cut`.
   const struct {
     const char* what;
     std::string from, to;
     bool cut;
-    std::string title, schemes;
+    std::string schemes;
+    bool refused = false;
   } cases[] = {
-      {"whole", "", "", false, "", both},
-      {"empty", "Kelv", "", true, "File Load Problem", ""},
-      {"shorter than the signature", "!|", "!", true, "File Load Problem", ""},
-      {"signature in another case", "Kelv", "kelv", false, "File Load Problem", ""},
-      {"signature without its end", "!|", "!!", false, "File Load Problem", ""},
-      {"signature only", "!|", "!|", true, "", ""},
-      {"one byte more", "!|C", "!|C", true, "", ""},
-      {"empty first key", "!|", "!||", false, "", both},
-      {"cut inside the roots", "RootPath", "", true, "", first},
-      {"no count", count, "schools|2", false, "", ""},
-      {"count negative", count, "schemes|-2", false, "", ""},
-      {"count too small", count, "schemes|1", false, "", first},
-      {"count too large", count, "schemes|99", false, "", both},
-      {"count absurd", count, "schemes|99999999999", false, "", both},
-      {"roots missing", "RootFoldersCount|1", "RootFoldersCount|3", false, "", "Infants:3 L\xE9o - Tabs:0 "},
-      {"blank name", name, "Scheme1|Name of scheme||", false, "", first},
-      {"name with a backslash", name, "Scheme1|Name of scheme|a\\b|", false, "", first},
-      {"name with a NUL", name, std::string("Scheme1|Name of scheme|a\0b|", 27), false, "", first},
-      {"over-long name", name, "Scheme1|Name of scheme|" + std::string(256, 'n') + "|", false, "", first},
-      {"terminator in a name", name, "Scheme1|Name of scheme|Up||", false, "", first + "Up:0 "},
+      {"shorter than the signature", "!|", "!", true, "", true},
+      {"signature in another case", "Kelv", "kelv", false, "", true},
+      {"one byte more than the signature", "!|C", "!|C", true, ""},
+      {"empty first key", "!|", "!||", false, both},
+      {"cut inside the roots", "RootPath", "", true, first},
+      {"no count", "schemes|2", "schools|2", false, ""},
+      {"count negative", "schemes|2", "schemes|-2", false, ""},
+      {"count absurd", "schemes|2", "schemes|99999999999", false, both},
+      {"roots missing", "Count|1", "Count|3", false, "Infants:3 L\xE9o - Tabs:0 "},
+      {"number of roots absurd", "Count|1", "Count|99999999999", false, both},
+      {"number of roots negative", "Count|1", "Count|-1", false, "Infants:0 L\xE9o - Tabs:0 "},
+      {"blank name", second, name + "|", false, first},
+      {"name with a backslash", second, name + "a\\b|", false, first},
+      {"name with a NUL", second, name + std::string("a\0b|", 4), false, first},
+      {"over-long name", second, name + std::string(256, 'n') + "|", false, first},
+      {"terminator in a name", second, name + "Up||", false, first + "Up:0 "},
   };
   for (const auto& damage : cases) {
     SCOPED_TRACE(damage.what);
@@ -202,22 +201,28 @@ TEST_F(ExchangeTest, DamageCostsWhatItHit) {
     file.replace(place, damage.cut ? std::string::npos : damage.from.size(), Bytes(damage.to));
     WriteFileBytes(path_, file);
     DialogScript script;
-    if (!damage.title.empty()) script.ExpectMessage(damage.title, kLoadProblem);
+    if (damage.refused) {
+      script.ExpectMessage("File Load Problem",
+                           "This does not appear to be a valid Kelvanstead Scheme Manager File.");
+    }
     SchemeFile(window_).Read(path_, path_);
     EXPECT_EQ(RootCounts(), damage.schemes);
   }
 }
 
 TEST_F(ExchangeTest, RefusesFilesThatCannotBeRead) {
-  WriteFileBytes(path_, ExpectedFile());
   const auto expectRefusal = [this](const std::string& path) {
     DialogScript script;
-    script.ExpectMessage("Read Problem", kReadProblem);
+    script.ExpectMessage("Read Problem",
+                         "Unable to read the file specified.\nThis is due to the file being damaged,\n"
+                         "protected or unreadable for another reason");
     EXPECT_EQ(SchemeFile(window_).Read(path, path), 0u);
     EXPECT_EQ(RootCounts(), "");
   };
-  expectRefusal(folder_.File("missing.ksf"));
   expectRefusal(folder_.Path());
+  WriteFileBytes(path_, ExpectedFile() + std::string(12'000'000, '\xAC'));
+  expectRefusal(path_);
+  WriteFileBytes(path_, ExpectedFile());
   SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_READONLY);
   expectRefusal(path_);
   SchemeFile::Remove(path_);
@@ -228,7 +233,11 @@ TEST_F(ExchangeTest, RefusesFilesThatCannotBeRead) {
 }
 
 // The messages of a failed store hold the progress window open, to be looked at.
-TEST_F(ExchangeTest, SaysWhenTheStoreHasFailed) {
+TEST_F(ExchangeTest, SaysWhenAnExportOrImportFails) {
+  const std::string exportProblem =
+      "There was a problem exporting your schemes file.\n"
+      "This may be due to the disk being full, corrupt or protected.\n\n"
+      "If the file appears to have been created it should not be\nrelied upon as correct";
   DialogScript script;
   const auto expectProgress = [&](const char* text) -> DialogScript& {
     return script.Expect("Kelvanstead Scheme Manager", [=, this](HWND progress) {
@@ -239,58 +248,27 @@ TEST_F(ExchangeTest, SaysWhenTheStoreHasFailed) {
     });
   };
   TheRecordStore().ExportFailed = TheRecordStore().ImportFailed = true;
-  expectProgress("Saving your file to disk").ExpectMessage("Export Problem", kExportProblem);
+  expectProgress("Saving your file to disk").ExpectMessage("Export Problem", exportProblem);
   SchemeFile(window_).Save();
   WriteFileBytes(path_, ExpectedFile());
-  expectProgress("Loading your file from disk").ExpectMessage("Import Problem", kImportProblem);
+  expectProgress("Loading your file from disk")
+      .ExpectMessage("Import Problem",
+                     "There was a problem importing your schemes file.\n"
+                     "This may be due to the disk being corrupt or protected.\n\n"
+                     "If the file appears to have been imported the settings should not be relied \n"
+                     "upon as correct");
   SchemeFile(window_).Read(path_, path_);
   TheRecordStore().ExportFailed = TheRecordStore().ImportFailed = false;
-}
 
-// Names a file in a file dialog and confirms.
-DialogScript::Action ChooseFile(const std::string& path) {
-  return [path](HWND dialog) {
-    constexpr int kNameCombo = 1148, kNameEdit = 1152;
-    SetDlgItemTextA(dialog, GetDlgItem(dialog, kNameCombo) ? kNameCombo : kNameEdit, path.c_str());
-    Click(dialog, IDOK);
-  };
-}
-
-std::string WorkingFolder() { return std::filesystem::current_path().string(); }
-
-TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
-  AddTwoSchemes();
-  const std::string schemes = Schemes(), workingFolder = WorkingFolder();
-  DialogScript script;
-  script.Expect("Save As", ChooseFile(folder_.File("backup")));
-  SaveToDisk(window_);
-  EXPECT_EQ(ReadFileBytes(folder_.File("backup.ksf")), ExpectedFile());
-
-  ClearSchemes();
-  script.Expect("Open", [](HWND dialog) { Click(dialog, IDCANCEL); });
-  EXPECT_FALSE(LoadFromDisk(window_));
-  EXPECT_EQ(RootCounts(), "");
-  script.Expect("Open", ChooseFile(folder_.File("backup.ksf")));
-  EXPECT_TRUE(LoadFromDisk(window_));
-  EXPECT_EQ(Schemes(), schemes);
-  // Every look-up for a scheme found its record at the cursor.
-  EXPECT_EQ(TheRecordStore().ReadCursor(), TheRecordStore().Count());
-  EXPECT_EQ(WorkingFolder(), workingFolder);
-}
-
-TEST_F(ExchangeTest, SaysWhatKeepsItFromSaving) {
-  DialogScript script;
   script.Expect("Save As", ChooseFile(folder_.File("none\\a.ksf")))
-      .ExpectMessage("Export Problem", kFolderProblem);
+      .ExpectMessage("Export Problem", "The folder you have specified is read only, please pick another");
   SaveToDisk(window_);
-  WriteFileBytes(path_, "old");
   const UniqueFile inUse(
       CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
   script.Expect("Save As", ChooseFile(path_))
-      .Expect("Error", [](HWND overwrite) { Click(overwrite, IDYES); })  // so Wine calls the question
-      .ExpectMessage("Export Problem", kExportProblem);
+      .Expect("Error", [](HWND overwrite) { Click(overwrite, IDYES); })
+      .ExpectMessage("Export Problem", exportProblem);
   SaveToDisk(window_);
-  EXPECT_EQ(ReadFileBytes(path_), "old");
 }
 
 }  // namespace
