@@ -9,6 +9,7 @@
 #include "schemefile/record_store.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"
+#include "support/scheme_file_bytes.h"
 
 namespace {
 
@@ -120,12 +121,7 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
   ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), golden_.Tree);
 
   config_.WriteToFile("S");
-  std::vector<SchemeRecord> records;
-  TheRecordStore().FlushRecordStore(records);
-  std::string file(kSignature);
-  for (const SchemeRecord& record : records)
-    file += record.Key1 + record.Key2 + record.Value;
-  records = SplitRecords(file);
+  const std::vector<SchemeRecord> records = SplitRecords(FileBytes(TheRecordStore()));
   ASSERT_EQ(golden_.Records.size(), records.size());
   for (std::size_t i = 0; i < records.size(); ++i)
     EXPECT_EQ(golden_.Records[i], records[i]) << i << ": " << records[i].Key1 << "/" << records[i].Key2;

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "schemefile/record_splitter.h"
+#include "support/scheme_file_bytes.h"
 
 namespace {
 
@@ -24,14 +25,7 @@ SchemeProperties Scheme(const std::string& name, std::size_t roots, std::size_t 
 }
 
 // The records as a file holds them once it is written and split.
-std::vector<SchemeRecord> ThroughFile(const RecordStore& store) {
-  std::vector<SchemeRecord> records;
-  store.FlushRecordStore(records);
-  std::string file(kSignature);
-  for (const SchemeRecord& record : records)
-    file += record.Key1 + record.Key2 + record.Value;
-  return SplitRecords(file);
-}
+std::vector<SchemeRecord> ThroughFile(const RecordStore& store) { return SplitRecords(FileBytes(store)); }
 
 TEST(PropertyRecordsTest, ReadsBackWhatItWroteInAnyOrderOfTheFile) {
   // Names that are prefixes of one another, or hold what separates a name from a label.

@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <sstream>
 #include <string>
+#include <vector>
+
+#include "schemefile/record_splitter.h"
+#include "schemefile/record_store.h"
 
 // '|' stands for the byte that ends a field.
 inline std::string Bytes(std::string text) {
@@ -29,4 +33,14 @@ inline std::string FileBytes(const std::string& text) {
     }
   }
   return Bytes(file);
+}
+
+// The bytes of a file with the records of a store.
+inline std::string FileBytes(const RecordStore& store) {
+  std::vector<SchemeRecord> records;
+  store.FlushRecordStore(records);
+  std::string file(kSignature);
+  for (const SchemeRecord& record : records)
+    file += record.Key1 + record.Key2 + record.Value;
+  return file;
 }
