@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "controls/message.h"
+#include "base/message.h"
 #include "support/dialog_script.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "app/about_dialog.h"
 #include "app/main_dialog_ids.h"
 #include "app/settings.h"
-#include "controls/message.h"
+#include "base/message.h"
 #include "controls/window_text.h"
 #include "editor/scheme_commands.h"
 #include "helper/helper_chooser.h"

@@ -9,8 +9,8 @@
 
 #include "app/main_dialog.h"
 #include "app/settings.h"
+#include "base/message.h"
 #include "base/unique_handle.h"
-#include "controls/message.h"
 #include "registry/registry_access.h"
 #include "registry/scheme_catalogue.h"
 

@@ -6,7 +6,7 @@
 #include <commdlg.h>
 
 #include "app/settings.h"
-#include "controls/message.h"
+#include "base/message.h"
 #include "editor/icon_picker_ids.h"
 #include "editor/thumbnail.h"
 #include "resources/resource_ids.h"

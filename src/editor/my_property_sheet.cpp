@@ -1,7 +1,7 @@
 #include "editor/my_property_sheet.h"
 
 #include "app/settings.h"
-#include "controls/message.h"
+#include "base/message.h"
 
 CMyPropertySheet::CMyPropertySheet(std::string title, const SchemeProperties& scheme)
     : CPropertySheet(std::move(title)), general_(scheme) {

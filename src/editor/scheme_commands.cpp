@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "controls/message.h"
+#include "base/message.h"
 #include "editor/my_property_sheet.h"
 #include "editor/scheme_creation_dialog.h"
 #include "editor/scheme_name_dialog.h"

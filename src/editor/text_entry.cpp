@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "controls/message.h"
+#include "base/message.h"
 #include "controls/window_text.h"
 
 namespace {

@@ -2,7 +2,8 @@
 
 #include <windows.h>
 
+#include "base/message.h"
+
 void ShowSettingsCaution(const std::string& keyPath) {
-  const std::string text = "Caution: There has been a problem setting " + keyPath;
-  MessageBoxA(GetActiveWindow(), text.c_str(), "Settings Problem", MB_OK);
+  ShowMessage(GetActiveWindow(), "Caution: There has been a problem setting " + keyPath, "Settings Problem");
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "base/message.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"
@@ -10,22 +11,21 @@
 namespace {
 
 [[noreturn]] void EndWithoutSchemes() {
-  MessageBeep(MB_ICONEXCLAMATION);
-  MessageBoxA(nullptr,
+  ShowWarning(nullptr,
               "There has been a problem reading Kelvanstead Settings.\n"
               "This is due to Kelvanstead not being installed or the settings have become damaged.\n"
               "It is recommended that Kelvanstead is reinstalled.\n\n"
               "Kelvanstead Scheme Manager can not run so will now exit",
-              "Serious Problem", MB_ICONEXCLAMATION);
+              "Serious Problem");
   ExitProcess(0);
 }
 
 void ReportUnreadable(const std::string& names) {
-  const std::string text = "The following scheme/s could not be read:\n" + names +
-                           ".\n\nIt's recommended that they are reloaded from a valid\n"
-                           "Kelvanstead Scheme Manager configuration file.";
-  MessageBeep(MB_ICONEXCLAMATION);
-  MessageBoxA(nullptr, text.c_str(), "Schemes Problem", MB_ICONEXCLAMATION);
+  ShowWarning(nullptr,
+              "The following scheme/s could not be read:\n" + names +
+                  ".\n\nIt's recommended that they are reloaded from a valid\n"
+                  "Kelvanstead Scheme Manager configuration file.",
+              "Schemes Problem");
 }
 
 UniqueKey OpenWithAllAccess(const std::string& path) {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "controls/message.h"
+#include "base/message.h"
 #include "controls/progress_bar.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "controls/message.h"
+#include "base/message.h"
 #include "schemefile/exchange.h"
 #include "schemefile/scheme_file.h"
 

@@ -8,8 +8,8 @@
 #include <optional>
 #include <utility>
 
+#include "base/message.h"
 #include "base/unique_handle.h"
-#include "controls/message.h"
 #include "registry/scheme_catalogue.h"
 #include "schemefile/exchange.h"
 #include "schemefile/record_splitter.h"
