@@ -148,7 +148,7 @@ TEST_F(MainWindowTest, EditsByTheButtonAndByADoubleClick) {
   Show();
 }
 
-TEST_F(MainWindowTest, RefusesToDeleteTheUnnamedScheme) {
+TEST_F(MainWindowTest, RefusesToDeleteTheUnnamedSchemeAndOneThatIsBuiltInByNow) {
   WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "[]\n@=\"whose?\"\n");
   DialogScript script;
   Run(script, [&](HWND window) {
@@ -157,6 +157,10 @@ TEST_F(MainWindowTest, RefusesToDeleteTheUnnamedScheme) {
         "As the name of this scheme is a blank deleting it is not possible.\nPlease contact your "
         "system administrator for help");
     Select(window, "");
+    Click(window, IDC_DELETE);
+    script.ExpectMessage("Error", "Infants is a built in scheme and cannot be removed");
+    WriteTree(HKEY_LOCAL_MACHINE, kProtectedSchemesKey, "\"Infants\"=\"\"");
+    Select(window, "Infants");
     Click(window, IDC_DELETE);
   });
   Show();
