@@ -142,8 +142,8 @@ TEST_F(SchemeStorageTest, StatedCountsAreBounded) {
       {"dword:3", 3, 3, true},  // more than there are keys
       {"dword:ffffffff", -1, 0, false},
       {"dword:3e8", 1000, 1000, true},
-      {"dword:3e9", 1001, 1000, false},
-      {"dword:7fffffff", 0x7FFFFFFF, 1000, false},
+      {"dword:3e9", 1001, 1, false},
+      {"dword:7fffffff", 0x7FFFFFFF, 1, false},
       {"\"2\"", 0, 0, true},         // not a number
       {"hex(4):02 00", 2, 2, true},  // bytes that are missing are 0
   };

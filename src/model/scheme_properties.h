@@ -114,5 +114,12 @@ struct SchemeProperties {
 // A stated count beyond this is damage: no more records are read, and the section counts as failed.
 inline constexpr std::int32_t kMaxRecords = 1000;
 
+// Drops the empty records at the end of a list that a damaged count has stretched.
+template <class Record>
+void DropEmptyTail(std::vector<Record>& records) {
+  while (!records.empty() && records.back() == Record())
+    records.pop_back();
+}
+
 // The scheme that completely new schemes are copied from.
 inline constexpr char kDefaultUserScheme[] = "Default User";

@@ -47,6 +47,7 @@ bool LoadCountedSection(const std::string& name, const CountedSectionLayout<Reco
     // A record that could not be read whole, or at all, counts all the same.
     (void)LoadRecord(name, layout, n, section.Records.emplace_back(), fields);
   }
+  if (section.Count > kMaxRecords) DropEmptyTail(section.Records);
   return std::ssize(section.Records) == section.Count;
 }
 

@@ -6,9 +6,9 @@
 // where the shell's own key is missing. A name that cannot be the name of a scheme (see IsSchemeName) fails
 // at once and touches nothing.
 //
-// A stated count is kept as it is held, in both directions. Loading reads no more than kMaxRecords records
-// and saving writes no more than the list has; loading succeeds only if the list then holds as many as
-// stated, saving if it holds no fewer.
+// A stated count is kept as it is held, in both directions. Loading reads no more than kMaxRecords records,
+// and of a damaged list only as far as there are records; it succeeds only if the list then holds as many as
+// stated. Saving writes no more than the list holds, and succeeds if that is no fewer than stated.
 #pragma once
 
 #include <string>

@@ -36,10 +36,7 @@ void ReadCountedSection(RecordStore& store, SchemeProperties& scheme,
   for (std::int32_t n = 1; n <= std::min(stated, kMaxRecords); ++n) {
     ReadFields(store, owner + std::to_string(n), records.emplace_back(), fields);
   }
-  if (stated > kMaxRecords) {
-    while (!records.empty() && records.back() == Record())
-      records.pop_back();
-  }
+  if (stated > kMaxRecords) DropEmptyTail(records);
   (scheme.*layout.Section).Assign(std::move(records));
 }
 
