@@ -96,6 +96,8 @@ TEST_F(Pictures, KeepTheirAspectAndShowNoMagenta) {
 
 TEST_F(Pictures, ThatAreDamagedOrAbsurdHaveNoThumbnail) {
   const std::string whole = BitmapBytes(64, 64);
+  std::string manyColours = whole;
+  manyColours[49] = 1;  // the number of colours of its palette: 16 million
   const struct {
     const char* what;
     std::string bytes;
@@ -103,6 +105,7 @@ TEST_F(Pictures, ThatAreDamagedOrAbsurdHaveNoThumbnail) {
       {"empty", ""},
       {"the mark alone", "BM"},
       {"half of its pixels missing", whole.substr(0, whole.size() / 2)},
+      {"a palette beyond its end", manyColours},
       {"enormous", BitmapHeader(100000, 100000)},
       {"enormous, compressed", BitmapHeader(100000, 100000, BI_RLE8, 8) + std::string(16, '\0')},
       {"width overflows", BitmapHeader(0x7FFFFFFF, 0x7FFFFFFF)},

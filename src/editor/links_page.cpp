@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr ListColumn kColumns[] = {{"Name", 40}, {"Address", 60}};
+constexpr ListColumn kColumns[] = {{"Name", 36}, {"Address", 64}};
 
 }  // namespace
 

@@ -41,24 +41,38 @@ struct BitmapStart {
 };
 #pragma pack(pop)
 
+// The oldest kind of header in the form of the later ones.
+BITMAPINFOHEADER Modernised(const BITMAPINFOHEADER& info) {
+  if (info.biSize != sizeof(BITMAPCOREHEADER)) return info;
+  BITMAPCOREHEADER core;
+  std::memcpy(&core, &info, sizeof(core));
+  return {core.bcSize, core.bcWidth, core.bcHeight, core.bcPlanes, core.bcBitCount, BI_RGB, 0, 0, 0, 0, 0};
+}
+
+// Whether all that the header speaks of lies in the file: not every loader looks.
 bool IsReasonableBitmap(const BitmapStart& start, DWORD fileSize) {
-  std::int64_t width = start.Info.biWidth;
-  std::int64_t height = std::abs(static_cast<std::int64_t>(start.Info.biHeight));
-  std::int64_t bitsPerPixel = start.Info.biBitCount;
-  DWORD compression = start.Info.biCompression;
-  if (start.Info.biSize == sizeof(BITMAPCOREHEADER)) {  // the oldest kind
-    BITMAPCOREHEADER core;
-    std::memcpy(&core, &start.Info, sizeof(core));
-    width = core.bcWidth;
-    height = core.bcHeight;
-    bitsPerPixel = core.bcBitCount;
-    compression = BI_RGB;
-  }
+  constexpr DWORD kMostColours = 256;
+  const BITMAPINFOHEADER info = Modernised(start.Info);
+  const std::int64_t width = info.biWidth;
+  const std::int64_t height = std::abs(static_cast<std::int64_t>(info.biHeight));
+  const std::int64_t headers = sizeof(BITMAPFILEHEADER) + static_cast<std::int64_t>(info.biSize);
+  const std::int64_t colours = info.biClrUsed || info.biBitCount > 8 ? info.biClrUsed : 1 << info.biBitCount;
+  const std::int64_t pixelBytes = static_cast<std::int64_t>(fileSize) - start.File.bfOffBits;
   if (width <= 0 || height == 0 || width > kMostPixels || height > kMostPixels ||
-      width * height > kMostPixels || start.File.bfOffBits > fileSize)
+      width * height > kMostPixels || info.biBitCount > 32 || colours > kMostColours ||
+      start.File.bfOffBits < headers ||
+      headers + colours * static_cast<std::int64_t>(sizeof(RGBQUAD)) > fileSize)
     return false;
-  if (compression == BI_RLE4 || compression == BI_RLE8) return true;
-  return (width * bitsPerPixel + 31) / 32 * 4 * height <= fileSize - start.File.bfOffBits;
+  switch (info.biCompression) {
+    case BI_RGB:
+    case BI_BITFIELDS:
+      return (width * info.biBitCount + 31) / 32 * 4 * height <= pixelBytes;
+    case BI_RLE4:
+    case BI_RLE8:
+      return info.biSizeImage <= pixelBytes;
+    default:
+      return false;
+  }
 }
 
 // Looks at the head of a file before the system is let near the rest.
