@@ -228,6 +228,10 @@ TEST_F(ExchangeTest, RefusesFilesThatCannotBeRead) {
   SchemeFile::Remove(path_);
   EXPECT_EQ(ReadFileBytes(path_), ExpectedFile());
   SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_NORMAL);
+  const std::string copy = folder_.File("copy.ksf");
+  WriteFileBytes(copy, "");
+  SchemeFile::Remove(copy);
+  expectRefusal(copy);
   const UniqueFile inUse(CreateFileA(path_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
   expectRefusal(path_);
 }

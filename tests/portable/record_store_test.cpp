@@ -38,6 +38,10 @@ TEST(RecordStoreTest, FindsWhatWasAddedOrRemovedSinceTheLastLookUp) {
   EXPECT_EQ(records[99], (SchemeRecord{"n\xAC", "99\xAC", "-99\xAC"}));
   store.ClearRecordStore();
   EXPECT_EQ(store.ReadStringRecord("n\xAC", "99\xAC"), "");
+  for (const char* file : {"one", "two"}) {
+    store.Fill({{"before", "", ""}, {file, "", "found"}});
+    EXPECT_EQ(store.ReadStringRecord(file, ""), "found");
+  }
 }
 
 TEST(RecordStoreTest, NumbersAreReadAsAtoiDoes) {
