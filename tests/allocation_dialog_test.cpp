@@ -12,7 +12,7 @@
 #include "allocation/allocation_dialog.h"
 #include "allocation/allocation_dialog_ids.h"
 #include "allocation/scheme_selector_ids.h"
-#include "controls/window_text.h"
+#include "controls/list_view.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
 #include "support/environment_component.h"

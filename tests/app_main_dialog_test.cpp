@@ -8,7 +8,7 @@
 
 #include "app/main_dialog.h"
 #include "app/main_dialog_ids.h"
-#include "controls/window_text.h"
+#include "controls/list_view.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"

@@ -11,7 +11,7 @@
 #include "app/main_dialog_ids.h"
 #include "app/settings.h"
 #include "base/message.h"
-#include "controls/window_text.h"
+#include "controls/list_view.h"
 #include "editor/scheme_commands.h"
 #include "helper/helper_chooser.h"
 #include "resources/picture_ids.h"
@@ -35,15 +35,6 @@ constexpr DWORD kListStyle =
 UniqueIcon LoadIconOfSize(UINT id, int size) {
   return UniqueIcon(static_cast<HICON>(
       LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-}
-
-void InsertColumn(HWND list, int index, const char* title) {
-  LVCOLUMNA column{};
-  column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-  column.cx = kColumnWidth;
-  column.pszText = const_cast<char*>(title);
-  column.iSubItem = index;
-  SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
 }
 
 }  // namespace
@@ -84,8 +75,8 @@ void CMainDialog::SetUpButtons() {
 
 void CMainDialog::SetUpList() {
   list_ = Item(IDC_SCHEME_LIST);
-  InsertColumn(list_, 0, "Name");
-  InsertColumn(list_, 1, "Description");
+  InsertListColumn(list_, 0, "Name", kColumnWidth);
+  InsertListColumn(list_, 1, "Description", kColumnWidth);
   ListView_SetColumnWidth(list_, 1, LVSCW_AUTOSIZE_USEHEADER);
   SetWindowLongA(list_, GWL_STYLE, GetWindowLongA(list_, GWL_STYLE) | static_cast<LONG>(kListStyle));
   ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
@@ -103,7 +94,11 @@ void CMainDialog::FillList(std::optional<int> rowToSelect) {
   SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
   // Only now does the list know whether it needs a scroll bar.
   FitDescriptionColumn();
-  SelectRow(rowToSelect.value_or(-1));
+  if (rowToSelect && *rowToSelect >= 0) {
+    SelectRow(list_, *rowToSelect);
+  } else {
+    FocusFirstRow(list_);
+  }
   InvalidateRect(list_, nullptr, TRUE);
 }
 
@@ -119,15 +114,9 @@ void CMainDialog::RebuildImageList() {
 }
 
 void CMainDialog::InsertRow(int row, const SchemeProperties& scheme) {
-  LVITEMA item{};
-  item.mask = LVIF_TEXT | LVIF_IMAGE;
-  item.iItem = row;
-  item.pszText = const_cast<char*>(scheme.Name.c_str());
-  item.iImage = catalogue_.IsProtected(scheme.Name) ? kBuiltInImage : kSchemeImage;
-  SendMessageA(list_, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
-  item.iSubItem = 1;
-  item.pszText = const_cast<char*>(scheme.Description.c_str());
-  SendMessageA(list_, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  InsertListRow(list_, row, scheme.Name.c_str(),
+                catalogue_.IsProtected(scheme.Name) ? kBuiltInImage : kSchemeImage);
+  SetListCell(list_, row, 1, scheme.Description.c_str());
 }
 
 // The column fills the list, less the scroll bar that a filled list may have.
@@ -135,16 +124,6 @@ void CMainDialog::FitDescriptionColumn() {
   RECT area{};
   GetClientRect(list_, &area);
   ListView_SetColumnWidth(list_, 1, area.right - ListView_GetColumnWidth(list_, 0));
-}
-
-// Without a row to select the first one still takes the keyboard's place, so that the arrow keys work.
-void CMainDialog::SelectRow(int row) {
-  if (row >= 0) {
-    ListView_SetItemState(list_, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    ListView_EnsureVisible(list_, row, FALSE);
-  } else {
-    ListView_SetItemState(list_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
-  }
 }
 
 std::optional<int> CMainDialog::FindRow(const std::string& schemeName) const {

@@ -28,7 +28,6 @@ class CMainDialog : public CDialog {
   void RebuildImageList();
   void InsertRow(int row, const SchemeProperties& scheme);
   void FitDescriptionColumn();
-  void SelectRow(int row);
   // The row of the last scheme of that name, if there is one.
   std::optional<int> FindRow(const std::string& schemeName) const;
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "controls/window_text.h"
+#include "controls/list_view.h"
 #include "editor/thumbnail.h"
 
 namespace {
@@ -44,9 +44,10 @@ void CPictureList::Fill(HWND listView, HWND fileField, const std::vector<std::st
 }
 
 void CPictureList::SelectStored(const std::string& stored) {
-  if (stored.empty()) return SelectRow(0);
+  if (stored.empty()) return SelectRow(listView_, 0);
   const std::string path = folders_.FullPath(stored);
-  if (path.empty()) return SelectRow(Append({FileNameOf(stored) + " (missing)", "", stored, kMissingImage}));
+  if (path.empty())
+    return SelectRow(listView_, Append({FileNameOf(stored) + " (missing)", "", stored, kMissingImage}));
   Select(path);
   entries_[static_cast<std::size_t>(FindPath(path))].Stored = stored;
 }
@@ -54,22 +55,15 @@ void CPictureList::SelectStored(const std::string& stored) {
 void CPictureList::Select(const std::string& path) {
   const std::string canonical = CanonicalPath(path);
   const int row = FindPath(canonical);
-  SelectRow(row >= 0 ? row : Append({FileNameOf(canonical), canonical, std::nullopt, std::nullopt}));
+  SelectRow(listView_,
+            row >= 0 ? row : Append({FileNameOf(canonical), canonical, std::nullopt, std::nullopt}));
 }
 
 int CPictureList::Append(Entry entry) {
   entries_.push_back(std::move(entry));
-  LVITEMA item{};
-  item.mask = LVIF_TEXT | LVIF_IMAGE;
-  item.iItem = static_cast<int>(entries_.size()) - 1;
-  item.pszText = entries_.back().Label.data();
-  item.iImage = I_IMAGECALLBACK;
-  return static_cast<int>(SendMessageA(listView_, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item)));
-}
-
-void CPictureList::SelectRow(int row) {
-  ListView_SetItemState(listView_, row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-  ListView_EnsureVisible(listView_, row, FALSE);
+  const int row = static_cast<int>(entries_.size()) - 1;
+  InsertListRow(listView_, row, entries_.back().Label.c_str(), I_IMAGECALLBACK);
+  return row;
 }
 
 int CPictureList::FindPath(const std::string& path) const {
@@ -112,7 +106,7 @@ LRESULT CPictureList::OnNotify(const NMHDR& header) {
     case NM_RCLICK:
       // There is always a choice: a click beside the pictures does not take it away.
       if (SelectedRow(listView_) < 0)
-        SelectRow(std::max(ListView_GetNextItem(listView_, -1, LVNI_FOCUSED), 0));
+        SelectRow(listView_, std::max(ListView_GetNextItem(listView_, -1, LVNI_FOCUSED), 0));
       return 0;
     default:
       return 0;

@@ -41,7 +41,6 @@ class CPictureList {
   };
 
   int Append(Entry entry);
-  void SelectRow(int row);
   void SelectStored(const std::string& stored);
   int FindPath(const std::string& path) const;
   const Entry& ChosenEntry() const;

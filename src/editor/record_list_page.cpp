@@ -4,7 +4,7 @@
 
 #include <commctrl.h>
 
-#include "controls/window_text.h"
+#include "controls/list_view.h"
 #include "editor/record_list_page_ids.h"
 #include "model/scheme_properties.h"
 
@@ -24,14 +24,7 @@ void CListPage::SetUpColumns() {
   const int width = client.right - GetSystemMetrics(SM_CXVSCROLL);
   int index = 0;
   for (const ListColumn& column : columns_) {
-    LVCOLUMNA description{};
-    description.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-    description.pszText = const_cast<char*>(column.Title);
-    description.cx = width * column.Percent / 100;
-    description.iSubItem = index;
-    SendMessageA(List(), LVM_INSERTCOLUMNA, static_cast<WPARAM>(index),
-                 reinterpret_cast<LPARAM>(&description));
-    ++index;
+    InsertListColumn(List(), index++, column.Title, width * column.Percent / 100);
   }
 }
 
@@ -107,19 +100,12 @@ void CListPage::Refresh(int row) {
   for (; shown > RecordCount(); --shown)
     ListView_DeleteItem(List(), shown - 1);
   for (; shown < RecordCount(); ++shown) {
-    LVITEMA item{};
-    item.mask = LVIF_TEXT;
-    item.iItem = shown;
-    item.pszText = LPSTR_TEXTCALLBACKA;
-    SendMessageA(List(), LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
-    for (int column = 1; column < static_cast<int>(columns_.size()); ++column) {
-      item.iSubItem = column;
-      SendMessageA(List(), LVM_SETITEMTEXTA, static_cast<WPARAM>(shown), reinterpret_cast<LPARAM>(&item));
-    }
+    InsertListRow(List(), shown, LPSTR_TEXTCALLBACKA, I_IMAGENONE);
+    for (int column = 1; column < static_cast<int>(columns_.size()); ++column)
+      SetListCell(List(), shown, column, LPSTR_TEXTCALLBACKA);
   }
   if (row >= shown) row = shown - 1;
-  ListView_SetItemState(List(), row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-  ListView_EnsureVisible(List(), row, FALSE);
+  SelectRow(List(), row);
   InvalidateRect(List(), nullptr, TRUE);
   refreshing_ = false;
   UpdateButtons();

@@ -8,8 +8,8 @@
 
 #include <string>
 
+#include "controls/list_view.h"
 #include "controls/property_sheet.h"
-#include "controls/window_text.h"
 #include "editor/record_list_page_ids.h"
 #include "support/dialog_script.h"
 
