@@ -148,9 +148,8 @@ void CPage1::ExchangeData(bool toControls) {
   for (std::size_t i = 0; i < kToolButtonCount; ++i)
     ExchangeCheck(toControls, kToolButtons[i].CheckBox, toolButtons_[i]);
   for (std::size_t i = 0; i < kSwitchCount; ++i) {
-    bool second = !switches_[i];
     ExchangeCheck(toControls, kSwitches[i].First, switches_[i]);
-    ExchangeCheck(toControls, kSwitches[i].Second, second);
+    if (toControls) CheckItem(kSwitches[i].Second, !switches_[i]);
   }
   if (toControls) {
     SendItem(IDC_GENERAL_VIEW, CB_SETCURSEL, static_cast<WPARAM>(view_));

@@ -1,5 +1,7 @@
 #include "editor/my_property_sheet.h"
 
+#include <utility>
+
 #include "app/settings.h"
 #include "base/message.h"
 

@@ -1,6 +1,7 @@
 #include "editor/scheme_commands.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "base/message.h"

@@ -1,6 +1,7 @@
 #include "editor/scheme_creation_dialog.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/window_text.h"
 #include "editor/scheme_creation_dialog_ids.h"

@@ -1,5 +1,7 @@
 #include "editor/scheme_name_dialog.h"
 
+#include <utility>
+
 #include "editor/scheme_name_dialog_ids.h"
 #include "editor/text_entry.h"
 #include "resources/resource_ids.h"

@@ -16,6 +16,7 @@ TypedText ReadField(HWND edit) {
 void PutBack(HWND edit, const TypedText& typed) {
   SetWindowTextA(edit, typed.Text.c_str());
   SendMessageA(edit, EM_SETSEL, typed.Caret, static_cast<LPARAM>(typed.Caret));
+  SendMessageA(edit, EM_SCROLLCARET, 0, 0);
 }
 
 void Tell(HWND owner, const TextRule& rule, TextProblem problem) {
