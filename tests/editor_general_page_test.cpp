@@ -1,102 +1,65 @@
 #include "editor/general_page.h"
 
-#include <windows.h>
-
-#include <gtest/gtest.h>
-#include <prsht.h>
-
-#include <functional>
+#include <tuple>
+#include <vector>
 
 #include "controls/window_text.h"
 #include "editor/general_page_ids.h"
-#include "support/dialog_script.h"
+#include "support/list_driver.h"
 
 namespace {
 
 // Shows the page for a scheme, lets `act` work on it, confirms, and answers the scheme that comes out.
-SchemeProperties Confirm(const SchemeProperties& scheme, const std::function<void(HWND page)>& act) {
+SchemeProperties Confirm(
+    SchemeProperties scheme, const DialogScript::Action& act = [](HWND) {}) {
   CPage1 page(scheme);
-  CPropertySheet sheet("A scheme");
-  sheet.AddPage(page);
   DialogScript script;
-  script.Expect("A scheme", [&act](HWND window) {
-    act(PropSheet_GetCurrentPageHwnd(window));
-    Click(window, IDOK);
+  script.Expect(kSheetTitle, [&act](HWND sheet) {
+    act(PropSheet_GetCurrentPageHwnd(sheet));
+    Click(sheet, IDOK);
   });
-  EXPECT_EQ(sheet.DoModal(nullptr), IDOK);
-  SchemeProperties result = scheme;
-  page.CopyTo(result);
-  return result;
+  EXPECT_EQ(ShowInSheet(page), IDOK);
+  page.CopyTo(scheme);
+  return scheme;
 }
 
-// The "Tab:" list from the top, with the selected item in brackets.
-std::string TabList(HWND page) {
-  const HWND list = GetDlgItem(page, IDC_GENERAL_TAB);
-  const auto selected = static_cast<int>(SendMessageA(list, CB_GETCURSEL, 0, 0));
+// The "Tab:" list from the top, with the selected item in brackets, and whether a view can be chosen.
+std::string Lists(HWND page) {
+  const HWND tabs = GetDlgItem(page, IDC_GENERAL_TAB);
   std::string text;
-  for (int i = 0; i < SendMessageA(list, CB_GETCOUNT, 0, 0); ++i) {
-    const std::string item = ComboItemText(list, i);
-    text += (text.empty() ? "" : ", ") + (i == selected ? "[" + item + "]" : item);
+  for (int i = 0; i < SendMessageA(tabs, CB_GETCOUNT, 0, 0); ++i) {
+    const bool selected = i == SendMessageA(tabs, CB_GETCURSEL, 0, 0);
+    text.append(selected ? "[" : "").append(ComboItemText(tabs, i)).append(selected ? "] " : " ");
   }
-  return text;
+  return text + (IsWindowEnabled(GetDlgItem(page, IDC_GENERAL_VIEW)) ? "+ view" : "");
 }
 
-TEST(GeneralPage, OpensOnTheFirstTabByNumberAndKeepsIt) {
+TEST(GeneralPage, FirstTabIsAPositionUntilItIsChosen) {
   struct {
     TabSelection tabs;
     std::uint32_t firstTab;
-    const char* list;
+    std::vector<int> clicks;
+    const char* lists;
     std::uint32_t confirmed;
-  } const rows[] = {{{1, 7, 1}, 2, "Programs, [My Files], Links", 2},
-                    {{1, 0, 1}, 2, "[Programs], Links", 1},
-                    {{0, 1, 1}, 2, "My Files, [Links]", 2},
-                    {{0, 0, 1}, 3, "Links", 3},
-                    {{0, 0, 1}, 0x80000000, "[Links]", 1}};
+  } const rows[] = {
+      {{1, 7, 1}, 2, {}, "Programs [My Files] Links + view", 2},
+      {{1, 0, 1}, 2, {}, "[Programs] Links ", 1},
+      {{0, 0, 1}, 3, {}, "Links ", 3},
+      {{0, 0, 1}, 0x80000000, {}, "[Links] ", 1},
+      {{1, 1, 1}, 2, {IDC_GENERAL_FILES}, "[Programs] Links ", 2},
+      {{1, 1, 1}, 2, {IDC_GENERAL_FILES, IDC_GENERAL_FILES}, "Programs Links [My Files] + view", 2},
+      {{1, 1, 1}, 1, {IDC_GENERAL_PROGRAMS}, "[My Files] Links + view", 1},
+  };
   for (const auto& row : rows) {
     SchemeProperties scheme;
     scheme.Tabs = row.tabs;
     scheme.Defaults.DefaultFirstTab = row.firstTab;
-    scheme = Confirm(scheme, [&](HWND page) { EXPECT_EQ(TabList(page), row.list); });
-    EXPECT_EQ(scheme.Defaults.DefaultFirstTab, row.confirmed) << row.list;
-  }
-}
-
-TEST(GeneralPage, TickingTabsChangesTheListButNotTheFirstTab) {
-  SchemeProperties scheme;
-  scheme.Tabs = {1, 1, 1};
-  scheme.Defaults.DefaultFirstTab = 2;
-  const SchemeProperties ticked = Confirm(scheme, [&](HWND page) {
-    const std::pair<int, const char*> clicks[] = {{IDC_GENERAL_FILES, "[Programs], Links"},
-                                                  {IDC_GENERAL_PROGRAMS, "[Links]"},
-                                                  {IDC_GENERAL_FILES, "Links, [My Files]"},
-                                                  {IDC_GENERAL_PROGRAMS, "Links, My Files, [Programs]"},
-                                                  {IDC_GENERAL_FILES, "[Links], Programs"}};
-    for (const auto& [box, list] : clicks) {
-      Click(page, box);
-      EXPECT_EQ(TabList(page), list);
-      EXPECT_EQ(IsWindowEnabled(GetDlgItem(page, IDC_GENERAL_VIEW)),
-                IsDlgButtonChecked(page, IDC_GENERAL_FILES) == BST_CHECKED);
-    }
-  });
-  EXPECT_EQ(ticked.Tabs, (TabSelection{1, 0, 1}));
-  EXPECT_EQ(ticked.Defaults.DefaultFirstTab, 2U);
-  EXPECT_EQ(
-      Confirm(ticked, [](HWND page) { Choose(page, IDC_GENERAL_TAB, "Links"); }).Defaults.DefaultFirstTab,
-      3U);
-}
-
-TEST(GeneralPage, ShowsNameAndDescription) {
-  // The second name comes from elsewhere and breaks the rules: it is left alone until it is edited.
-  const char* const rows[][4] = {{"Staff", " ", "Staff", ""},
-                                 {"Year 1: Maths?", "  ", "Year 1: Maths?", "  "},
-                                 {"Default User", "For everybody", "", ""}};
-  for (const auto& [name, description, shownName, shownDescription] : rows) {
-    SchemeProperties scheme;
-    scheme.Name = name;
-    scheme.Description = description;
-    scheme = Confirm(scheme, [](HWND) {});
-    EXPECT_EQ(scheme.Name, shownName);
-    EXPECT_EQ(scheme.Description, shownDescription);
+    scheme = Confirm(scheme, [&row](HWND page) {
+      for (const int box : row.clicks)
+        Click(page, box);
+      EXPECT_EQ(Lists(page), row.lists);
+    });
+    EXPECT_EQ(scheme.Defaults.DefaultFirstTab, row.confirmed) << row.lists;
   }
 }
 
@@ -116,21 +79,28 @@ TEST(GeneralPage, BoxesSwitchToolbarButtonsOnAndOff) {
 
 TEST(GeneralPage, LeavesAloneWhatIsNotChanged) {
   SchemeProperties scheme;
-  scheme.Name = "Staff";
   scheme.Tabs = {1, 0, 1};
-  for (ToolBarPage& page : scheme.ToolBars)
-    page = {1, 1, 0, 0, 0, 0, 0, 1, 0, 1, 1, 0, 5, 1, 1, 5};  // the fives, View and Side, are not shown
-  scheme.WebLinks.Count = 3;
+  scheme.ToolBars.fill({1, 1, 0, 0, 0, 0, 0, 1, 0, 1, 1, 0, 5, 1, 1, 5});
   for (const char* view : {"spiral", "tree1", "tree2", "icons", "details"}) {
     scheme.Defaults = {view, 48, 1, 9, 1, 0, 1};
-    EXPECT_EQ(Confirm(scheme, [](HWND) {}), scheme) << view;
+    EXPECT_EQ(Confirm(scheme), scheme) << view;
   }
   scheme = Confirm(scheme, [](HWND page) {
+    Choose(page, IDC_GENERAL_TAB, "Links");
     Choose(page, IDC_GENERAL_VIEW, "Icon View");
     for (const int id : {IDC_GENERAL_TALKING, IDC_GENERAL_CONTEXT_MENU_ON, IDC_GENERAL_OPTIONS_MENU_OFF})
       Click(page, id);
   });
-  EXPECT_EQ(scheme.Defaults, (SchemeDefaults{"icons", 48, 1, 9, 0, 1, 0}));
+  EXPECT_EQ(scheme.Defaults, (SchemeDefaults{"icons", 48, 3, 9, 0, 1, 0}));
+  // The first name comes from elsewhere and breaks the rules.
+  for (const auto& [name, description, shown] :
+       {std::tuple("Year 1: Maths?", "  ", "Year 1: Maths?  "), std::tuple("Staff", " ", "Staff"),
+        std::tuple("Default User", "For everybody", "")}) {
+    scheme.Name = name;
+    scheme.Description = description;
+    const SchemeProperties confirmed = Confirm(scheme);
+    EXPECT_EQ(confirmed.Name + confirmed.Description, shown);
+  }
 }
 
 }  // namespace

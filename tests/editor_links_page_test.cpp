@@ -96,7 +96,9 @@ TEST_F(LinksPage, DialogChecksNameThenUrl) {
       .ExpectMessage("Error: Illegal Character",
                      "The following characters are not allowed:\n\n< > \\   * \" |")
       .ExpectMessage("Missing URL", "The URL is missing.\n\rPlease enter the URL and try again.")
-      .Expect("Invalid characters in URL", [](HWND box) { Click(box, IDOK); })
+      .ExpectMessage("Invalid characters in URL",
+                     "Invalid characters have been found in the URL\n\r\n\rPlease do not use the "
+                     "characters:\n\r{}|\\^~[]'<>\"#%@!")
       .ExpectMessage("Error: Text too long", "There is a limit of 100 characters");
   EXPECT_EQ(CWebLinkDialog(link).DoModal(nullptr), IDOK);
   EXPECT_EQ(link, (WebLink{"Name", "www.example.com", "", std::string(100, 'l'), std::string(50, 's'), ""}));

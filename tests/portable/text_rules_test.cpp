@@ -3,52 +3,43 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
+#include <tuple>
 
 namespace {
 
-// Corrects a text, the caret being at its end, and tells what was taken out, in order; "..." is the excess.
-std::string Correct(const TextRule& rule, std::string& text) {
+// Makes every correction and tells, in order, the first character that each took out.
+std::string Correct(const TextRule& rule, TypedText& typed) {
   std::string removed;
-  for (TypedText typed{text, text.size()};; text = typed.Text) {
-    const TextProblem problem = CorrectText(rule, typed);
-    EXPECT_EQ(typed.Caret, typed.Text.size());
-    if (problem == TextProblem::kNone) return removed;
-    const auto changed = std::mismatch(typed.Text.begin(), typed.Text.end(), text.begin()).second;
-    removed += problem == TextProblem::kTooLong ? "..." : std::string(1, *changed);
+  for (std::string before = typed.Text;; before = typed.Text) {
+    if (CorrectText(rule, typed) == TextProblem::kNone) return removed;
+    removed += *std::ranges::mismatch(typed.Text, before).in2;
   }
 }
 
 TEST(TextRules, EachFieldRefusesItsCharactersInOrderThenCutsTheRest) {
   constexpr char kNames[] = "<>?\\/*\"|:";
-  struct {
-    const TextRule& rule;
-    std::string removed;
-    std::size_t limit;
-  } const rows[] = {
+  const std::tuple<const TextRule&, std::string, std::size_t> rows[] = {
       {kSchemeNameRule, kNames, 50},    {kSchemeDescriptionRule, kNames, 50},
       {kNewSchemeNameRule, kNames, 50}, {kRootNameRule, kNames, 50},
       {kRootPathRule, "<>?/*\"|", 255}, {kLinkNameRule, kNames, 50},
       {kLinkUrlRule, "<>\\ *\"|", 255}, {kLongToolTipRule, "", 100},
-      {kShortToolTipRule, "", 50},
-  };
-  for (const auto& row : rows) {
-    std::string text = "|:* \"\\/?><#%";
-    const std::size_t kept = text.size() - row.removed.size();
-    EXPECT_EQ(Correct(row.rule, text), row.removed);
-    EXPECT_EQ(text.size(), kept);
-    text.append(row.limit - kept, 'x');
-    EXPECT_EQ(Correct(row.rule, text), "") << row.limit;
-    text += "xx" + row.removed;
-    EXPECT_EQ(Correct(row.rule, text), row.removed + "...");
-    EXPECT_EQ(text.size(), row.limit);
+      {kShortToolTipRule, "", 50}};
+  for (const auto& [rule, removed, limit] : rows) {
+    const std::string full(limit, 'x');
+    TypedText typed{"|:* \"\\/?><#%", 0};
+    EXPECT_EQ(Correct(rule, typed), removed);
+    typed = {full, limit};
+    EXPECT_EQ(Correct(rule, typed), "") << limit;
+    typed = {full + "yz" + removed, limit + 1};
+    EXPECT_EQ(Correct(rule, typed), removed + "y");
+    EXPECT_EQ(typed, (TypedText{full, limit}));
   }
 }
 
 TEST(TextRules, KeepTheCaretWhereTheUserWasTyping) {
   TypedText typed{"a:b*c", 3};
-  CorrectText(kSchemeNameRule, typed);
-  EXPECT_EQ(typed, (TypedText{"a:bc", 3}));
-  CorrectText(kSchemeNameRule, typed);
+  EXPECT_EQ(Correct(kSchemeNameRule, typed), "*:");
   EXPECT_EQ(typed, (TypedText{"abc", 2}));
 }
 
