@@ -5,6 +5,8 @@
 
 #include <array>
 
+#include "controls/working_folder.h"
+
 namespace {
 
 constexpr int kSelectId = 5000;
@@ -15,18 +17,6 @@ constexpr std::size_t kLongestPath = 1024;
 constexpr char kFilter[] = "Show Folders Only\0.\0";
 
 using PathBuffer = std::array<char, kLongestPath>;
-
-// Browsing moves the current folder of the process, for which GetOpenFileNameA ignores OFN_NOCHANGEDIR.
-class CurrentFolderKeeper {
- public:
-  CurrentFolderKeeper() { GetCurrentDirectoryA(static_cast<DWORD>(folder_.size()), folder_.data()); }
-  ~CurrentFolderKeeper() { SetCurrentDirectoryA(folder_.data()); }
-  CurrentFolderKeeper(const CurrentFolderKeeper&) = delete;
-  CurrentFolderKeeper& operator=(const CurrentFolderKeeper&) = delete;
-
- private:
-  PathBuffer folder_{};
-};
 
 // "" where the place being viewed is no folder of the file system, or its path is too long.
 std::string ViewedFolder(HWND frame) {
@@ -69,7 +59,7 @@ CDirDlg::CDirDlg(std::string initialFolder, HWND parent)
     : initialFolder_(std::move(initialFolder)), parent_(parent) {}
 
 INT_PTR CDirDlg::DoModal() {
-  const CurrentFolderKeeper keeper;
+  const WorkingFolderKeeper keeper;
   PathBuffer file{};
   OPENFILENAMEA dialog{};
   dialog.lStructSize = sizeof(dialog);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/message.h"
+#include "controls/working_folder.h"
 #include "schemefile/exchange.h"
 #include "schemefile/scheme_file.h"
 
@@ -15,18 +16,6 @@ namespace {
 struct ChosenFile {
   std::string Path;
   std::string Folder;  // the path in front of the name and its backslash
-};
-
-// The file dialogs change the folder that the process works in; this changes it back.
-class WorkingFolder {
- public:
-  WorkingFolder() { GetCurrentDirectoryA(sizeof(folder_), folder_); }
-  ~WorkingFolder() { SetCurrentDirectoryA(folder_); }
-  WorkingFolder(const WorkingFolder&) = delete;
-  WorkingFolder& operator=(const WorkingFolder&) = delete;
-
- private:
-  char folder_[MAX_PATH] = "";
 };
 
 class WaitCursor {
@@ -42,7 +31,7 @@ class WaitCursor {
 
 // `show` is GetSaveFileNameA or GetOpenFileNameA. Nothing when the user cancelled.
 std::optional<ChosenFile> ChooseFile(HWND owner, BOOL(WINAPI* show)(OPENFILENAMEA*), DWORD flags) {
-  const WorkingFolder workingFolder;
+  const WorkingFolderKeeper keeper;
   char path[1024] = "*.ksf";
   OPENFILENAMEA dialog = {};
   dialog.lStructSize = sizeof(dialog);
