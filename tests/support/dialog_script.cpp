@@ -80,7 +80,6 @@ LRESULT CALLBACK DialogScript::Receiver(HWND window, UINT message, WPARAM wParam
 }
 
 void DialogScript::OnSettled(HWND dialog) {
-  Watchdog::Feed();
   const std::string title = WindowText(dialog);
   if (steps_.empty() || steps_.front().title != title) {
     ADD_FAILURE() << "unexpected dialog \"" << title << "\": " << MessageText(dialog)
@@ -89,6 +88,8 @@ void DialogScript::OnSettled(HWND dialog) {
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);  // a message box with OK only has no Cancel
     return;
   }
+  // Not for a dialog that nobody expected: one that keeps coming back is no progress.
+  Watchdog::Feed();
   const Action action = std::move(steps_.front().action);
   steps_.pop_front();
   action(dialog);
