@@ -6,7 +6,7 @@
 namespace {
 
 enum Column { kName, kPath, kLevels, kMayChange };
-constexpr ListColumn kColumns[] = {{"Name", 30}, {"Path", 31}, {"Levels", 17}, {"Changes", 22}};
+constexpr ListColumn kColumns[] = {{"Name", 30}, {"Path", 29}, {"Levels", 19}, {"Changes", 22}};
 
 }  // namespace
 
