@@ -18,6 +18,7 @@ bool CSchemeCreationDialog::OnInitDialog() {
   const auto position = preselected == schemes_.end() ? 0 : preselected - schemes_.begin();
   SendItem(IDC_CREATION_SOURCE, CB_SETCURSEL, static_cast<WPARAM>(position));
   CheckItem(IDC_CREATION_NEW, true);
+  EnableItem(IDC_CREATION_COPY, !schemes_.empty());
   EnableSource();
   return true;
 }
