@@ -31,6 +31,15 @@ constexpr Helper kHelperTable[] = {
     {IDC_HELPER_GENIE, "Genie", IDB_GENIE, IDB_GENIE_SELECTED, "Selects Genie as agent to use"},
 };
 
+// The character that a path of a character file names. A path without any folder loses its first letter; the
+// shell's settings always have one.
+std::string HelperName(const std::string& path) {
+  if (path.size() <= kExtensionLength) return "";
+  const std::string stem = path.substr(0, path.size() - kExtensionLength);
+  const std::size_t separator = stem.rfind('\\');
+  return stem.substr(separator == std::string::npos ? 1 : separator + 1);
+}
+
 // The helper that the shell's setting names, if it is one of ours.
 std::optional<std::size_t> ReadSetting() {
   const std::string name = HelperName(ReadText(HKEY_LOCAL_MACHINE, kSettingsKey, kAgentPath));
@@ -41,13 +50,6 @@ std::optional<std::size_t> ReadSetting() {
 }
 
 }  // namespace
-
-std::string HelperName(const std::string& path) {
-  if (path.size() <= kExtensionLength) return "";
-  const std::string stem = path.substr(0, path.size() - kExtensionLength);
-  const std::size_t separator = stem.rfind('\\');
-  return stem.substr(separator == std::string::npos ? 1 : separator + 1);
-}
 
 COLORREF PictureGround(COLORREF buttonFace) { return buttonFace + 0x0A0A0A; }
 

@@ -8,10 +8,6 @@
 #include "controls/dialog.h"
 #include "controls/image_button.h"
 
-// The character that a path of a character file names: without the last four characters, ".acs", and without
-// the folder. A path without any folder loses its first letter; the shell's settings always have one.
-std::string HelperName(const std::string& path);
-
 // The ground of the pictures: a lighter shade of the dialog's. Added as one number, so that a channel above
 // 245 carries into the next.
 COLORREF PictureGround(COLORREF buttonFace);
