@@ -11,6 +11,7 @@
 #include "allocation/environment_code.h"
 #include "allocation/scheme_selector.h"
 #include "base/unique_handle.h"
+#include "controls/list_view.h"
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
 
@@ -129,15 +130,8 @@ void CAllocationDialog::MakeColumns() {
   ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
   ListView_SetImageList(list, LoadPictures(), LVSIL_SMALL);  // from now on the list's own
   int index = 0;
-  for (const Column& column : kColumns) {
-    LVCOLUMNA description{};
-    description.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-    description.pszText = const_cast<char*>(column.Title);
-    description.cx = column.Width;
-    description.iSubItem = index;
-    SendMessageA(list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(index++),
-                 reinterpret_cast<LPARAM>(&description));
-  }
+  for (const Column& column : kColumns)
+    InsertListColumn(list, index++, column.Title, column.Width);
 }
 
 void CAllocationDialog::FillSchemes() {
@@ -158,18 +152,12 @@ void CAllocationDialog::FillRows() {
   ListView_SetItemCount(list, static_cast<int>(allocations_.size()));
   for (int row = 0; row < static_cast<int>(allocations_.size()); ++row) {
     const Allocation& allocation = allocations_[static_cast<std::size_t>(row)];
-    LVITEMA item{};
-    item.mask = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM;
-    item.iItem = row;
-    item.pszText = const_cast<char*>(allocation.Name.c_str());
-    item.iImage = static_cast<int>(allocation.Kind);
-    item.lParam = row;
-    SendMessageA(list, LVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    InsertListRow(list, row, allocation.Name.c_str(), static_cast<int>(allocation.Kind), row);
     for (int column = 1; column <= kSchemeColumn; ++column)
-      SetCell(row, column, kColumns[column].Text(allocation));
+      SetListCell(list, row, column, kColumns[column].Text(allocation));
   }
   SendMessageA(list, WM_SETREDRAW, TRUE, 0);
-  ListView_SetItemState(list, 0, LVIS_FOCUSED, LVIS_FOCUSED);  // where the keyboard starts
+  FocusFirstRow(list);
 }
 
 void CAllocationDialog::OnCommand(int id, int code) {
@@ -218,7 +206,7 @@ void CAllocationDialog::OnChange() {
   if (selector.DoModal(Window()) != IDOK) return;
   for (const int row : rows) {
     AllocationOf(row).Scheme = selector.Scheme();
-    SetCell(row, kSchemeColumn, selector.Scheme().c_str());
+    SetListCell(Item(IDC_ALLOCATION_LIST), row, kSchemeColumn, selector.Scheme().c_str());
   }
 }
 
@@ -243,13 +231,6 @@ void CAllocationDialog::SortBy(int column) {
     if (i == column) item.fmt |= descending_ ? HDF_SORTDOWN : HDF_SORTUP;
     SendMessageA(header, HDM_SETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
   }
-}
-
-void CAllocationDialog::SetCell(int row, int column, const char* text) {
-  LVITEMA item{};
-  item.iSubItem = column;
-  item.pszText = const_cast<char*>(text);
-  SendItem(IDC_ALLOCATION_LIST, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 
 std::vector<int> CAllocationDialog::SelectedRows() const {

@@ -34,7 +34,6 @@ class CAllocationDialog : public CDialog {
   void OnChange();
   void ApplyToCurrentUser();
   void SortBy(int column);
-  void SetCell(int row, int column, const char* text);
   std::vector<int> SelectedRows() const;
   Allocation& AllocationOf(int row);
   // The scheme that all these rows have; nothing when they differ.

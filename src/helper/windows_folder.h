@@ -10,8 +10,8 @@
 using GetFolderPathFunction = decltype(&SHGetFolderPathA);
 
 // SHGetFolderPathA, loaded at run time: the first call of the process answers that of Shell32.dll if it has
-// one, every other that of SHFolder.dll, which older systems have instead. Null when there is none. Valid until
-// the next call, which unloads the library of this one.
+// one, every other that of SHFolder.dll, which older systems have instead. Null when there is none. Valid
+// until the next call, which unloads the library of this one.
 GetFolderPathFunction GetFolderPathProc();
 
 // The Windows folder, without a backslash at its end (CSIDL_WINDOWS). "C:\Windows" where the function above
