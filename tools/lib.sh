@@ -27,6 +27,8 @@ start_virtual_display() {
 prepare_prefix() {
   [[ -e $WINEPREFIX/.prepared ]] && return
   wineboot --init >/dev/null 2>&1
+  # A crash ends the program instead of waiting in a window for somebody.
+  wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null
   wineserver -w
   # The fonts of the windows, at the sizes that they are laid out for.
   dpkg -L fonts-wine | grep -E '\.(ttf|fon)$' | xargs cp -t "$WINEPREFIX/drive_c/windows/Fonts"
