@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <sstream>
 
-#include "registry/registry_key.h"
 #include "registry/registry_paths.h"
 #include "support/registry_test.h"
 
@@ -16,14 +15,10 @@ class SchemeStorageTest : public RegistryTest {
     RegistryTest::SetUp();
     WriteTree(HKEY_LOCAL_MACHINE, kProductKey, "");
   }
-  void Store(const std::string& text) { WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff"), text); }
-  void ExpectStored(const std::string& name, const std::string& text) {
-    ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath(name), text);
-  }
+  static void Store(const std::string& text) { WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff"), text); }
 };
 
-// A scheme in which every value is another, and what it is in the registry. The buttons stand in the order of
-// ToolBarPage.
+// A scheme in which every value is another, and what it is in the registry.
 SchemeProperties DistinctScheme() {
   SchemeProperties scheme;
   scheme.FolderDisplay.Assign(
@@ -31,17 +26,18 @@ SchemeProperties DistinctScheme() {
        {"root2", "C:\\2", 12, "closed2", "open2", "long2", "short2", "2.wav", 22, 0, 0}});
   scheme.WebLinks.Assign({{"link1", "http://1", "icon1", "longlink1", "shortlink1", "link1.wav"}});
   scheme.Tabs = {31, 32, 0xFFFFFFFF};
-  for (std::uint32_t i = 0; i < 3; ++i) {
-    const std::uint32_t n = 0x100 * (i + 1);
-    scheme.ToolBars[i] = {n,     n + 1, n + 2,  n + 3,  n + 4,  n + 5,  n + 6,  n + 7,
-                          n + 8, n + 9, n + 10, n + 11, n + 12, n + 13, n + 14, n + 15};
+  for (std::uint32_t n = 0x100; ToolBarPage & page : scheme.ToolBars) {
+    page = {n,     n + 1, n + 2,  n + 3,  n + 4,  n + 5,  n + 6,  n + 7,
+            n + 8, n + 9, n + 10, n + 11, n + 12, n + 13, n + 14, n + 15};
+    n += 0x100;
   }
   scheme.Defaults = {"tree2", 41, 42, 43, 44, 45, 46};
   return scheme;
 }
 
 std::string DistinctTree(const std::string& schemeName) {
-  std::string text = "\"Scheme Name\"=\"" + schemeName + "\"" + R"(
+  std::ostringstream text;
+  text << std::hex << "\"Scheme Name\"=\"" << schemeName << R"("
     [FolderDisplay] "RootFolderCount"=dword:2
     [FolderDisplay\Root 1]
     "RootDisplayName"="root1" "RootPath"="C:\\1" "FolderLevels"=dword:b "CollapsedIconFile"="closed1"
@@ -58,75 +54,61 @@ std::string DistinctTree(const std::string& schemeName) {
     [TabSelection] "Page1"=dword:1f "Page2"=dword:20 "Page3"=dword:ffffffff
     [Defaults]
     "DefaultView"="tree2" "DefaultIconSize"=dword:29 "DefaultFirstTab"=dword:2a "ShortToolTips"=dword:2b
-    "Silent"=dword:2c "Context Menu"=dword:2d "Options Menu"=dword:2e
-  )";
-  for (const char page : {'1', '2', '3'}) {
-    text += std::string("\n[ToolBars\\Page ") + page + "]\n";
-    int button = 0;
-    for (const char* name : {"Back", "Forward", "New", "Rename", "Cut", "Copy", "Paste", "Delete", "Undo",
-                             "Print", "Refresh", "Icon", "View", "Help", "Up", "Side"}) {
-      char line[64];
-      std::snprintf(line, sizeof(line), "\"%s\"=dword:%c%02x\n", name, page, button++);
-      text += line;
-    }
+    "Silent"=dword:2c "Context Menu"=dword:2d "Options Menu"=dword:2e)";
+  for (int page = 1; page <= 3; ++page) {
+    text << "[ToolBars\\Page " << page << "]";
+    // In the order of the members of ToolBarPage.
+    for (int value = page * 0x100;
+         const char* name : {"Back", "Forward", "New", "Rename", "Cut", "Copy", "Paste", "Delete", "Undo",
+                             "Print", "Refresh", "Icon", "View", "Help", "Up", "Side"})
+      text << '"' << name << "\"=dword:" << value++;
   }
-  return text;
+  return text.str();
 }
 
 TEST_F(SchemeStorageTest, EveryValueHasItsPlace) {
   Store(DistinctTree("Staff"));
-  SchemeProperties scheme;
-  scheme.Name = "untouched";
-  scheme.Description = "untouched";
+  SchemeProperties scheme, expected = DistinctScheme();
+  scheme.Name = expected.Name = "untouched";
+  scheme.Description = expected.Description = "untouched";
   EXPECT_TRUE(LoadSchemeProperties("Staff", scheme));
-  SchemeProperties expected = DistinctScheme();
-  expected.Name = expected.Description = "untouched";
   EXPECT_EQ(expected, scheme);
 
-  scheme.Name = "Copy";
-  EXPECT_TRUE(SaveSchemeProperties("Copy", scheme));
-  ExpectStored("Copy", DistinctTree("Copy"));
-}
-
-TEST_F(SchemeStorageTest, TheNameGoesToTheOneKeyAndTheSectionsToTheOther) {
-  SchemeProperties scheme;
   scheme.Name = "New";
   EXPECT_TRUE(SaveSchemeProperties("Old", scheme));
-  ExpectStored("Old", "\"Scheme Name\"=\"New\"");
-  EXPECT_TRUE(LoadSchemeProperties("New", scheme));
+  ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Old"), R"("Scheme Name"="New")");
+  EXPECT_TRUE(SaveSchemeProperties("New", scheme));
+  ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("New"), DistinctTree("New"));
 }
 
-// What is missing fails the load and leaves its field empty; everything else loads.
+// What is missing fails the load, unless it is a record's or a count, and leaves its field empty; everything
+// else loads.
 TEST_F(SchemeStorageTest, MissingValuesCostThemselvesOnly) {
   const struct {
     const char* Key;
     const char* Value;  // null: the whole key
-    void (*Forget)(SchemeProperties& scheme);
     bool Loads;
+    void (*Forget)(SchemeProperties& scheme);
   } cases[] = {
-      {"FolderDisplay", nullptr, [](SchemeProperties& s) { s.FolderDisplay = {}; }, false},
-      {"FolderDisplay", "RootFolderCount", [](SchemeProperties& s) { s.FolderDisplay = {}; }, true},
-      {"FolderDisplay\\Root 2", "RootPath",
-       [](SchemeProperties& s) { s.FolderDisplay.Records[1].RootPath.clear(); }, true},
-      {"TabSelection", "Page1", [](SchemeProperties& s) { s.Tabs = {}; }, false},
-      {"TabSelection", "Page2", [](SchemeProperties& s) { s.Tabs.Page2 = s.Tabs.Page3 = 0; }, false},
-      {"ToolBars", nullptr, [](SchemeProperties& s) { s.ToolBars = {}; }, false},
-      {"ToolBars\\Page 2", nullptr, [](SchemeProperties& s) { s.ToolBars[1] = {}; }, false},
-      {"Defaults", "DefaultView", [](SchemeProperties& s) { s.Defaults.DefaultView.clear(); }, false},
+      {"FolderDisplay", nullptr, false, [](auto& s) { s.FolderDisplay = {}; }},
+      {"FolderDisplay", "RootFolderCount", true, [](auto& s) { s.FolderDisplay = {}; }},
+      {"FolderDisplay\\Root 2", "RootPath", true, [](auto& s) { s.FolderDisplay.Records[1].RootPath = ""; }},
+      {"TabSelection", "Page1", false, [](auto& s) { s.Tabs = {}; }},
+      {"TabSelection", "Page2", false, [](auto& s) { s.Tabs.Page2 = s.Tabs.Page3 = 0; }},
+      {"ToolBars", nullptr, false, [](auto& s) { s.ToolBars = {}; }},
+      {"ToolBars\\Page 2", nullptr, false, [](auto& s) { s.ToolBars[1] = {}; }},
+      {"Defaults", "DefaultView", false, [](auto& s) { s.Defaults.DefaultView = ""; }},
   };
   for (const auto& item : cases) {
-    SCOPED_TRACE(std::string(item.Key) + " " + (item.Value ? item.Value : ""));
+    SCOPED_TRACE(testing::Message() << item.Key << " " << item.Value);
     Store(DistinctTree("Staff"));
     const std::string path = SchemeKeyPath("Staff") + "\\" + item.Key;
-    if (item.Value) {
-      ASSERT_EQ(0, RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, path.c_str(), item.Value));
-    } else {
-      ASSERT_EQ(0, RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str()));
-    }
+    ASSERT_EQ(0, item.Value ? RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, path.c_str(), item.Value)
+                            : RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str()));
     SchemeProperties scheme = DistinctScheme();  // loading must not keep what was there before
-    EXPECT_EQ(item.Loads, LoadSchemeProperties("Staff", scheme));
-    SchemeProperties expected = DistinctScheme();
+    SchemeProperties expected = scheme;
     item.Forget(expected);
+    EXPECT_EQ(item.Loads, LoadSchemeProperties("Staff", scheme));
     EXPECT_EQ(expected, scheme);
   }
 }
@@ -149,54 +131,38 @@ TEST_F(SchemeStorageTest, StatedCountsAreBounded) {
   };
   for (const auto& item : cases) {
     SCOPED_TRACE(item.Stored);
-    Store(std::string("[FolderDisplay]\n\"RootFolderCount\"=") + item.Stored +
-          "\n[FolderDisplay\\Root 1]\n\"RootPath\"=\"C:\\\\1\"");
+    Store(R"([FolderDisplay\Root 1] "RootPath"="1" [FolderDisplay] "RootFolderCount"=)" +
+          std::string(item.Stored));
     SchemeProperties scheme;
     EXPECT_EQ(item.Loads, LoadFolderDisplay("Staff", scheme));
     EXPECT_EQ(item.Count, scheme.FolderDisplay.Count);
     ASSERT_EQ(item.Records, scheme.FolderDisplay.Records.size());
-    if (item.Records > 0) {
-      EXPECT_EQ("C:\\1", scheme.FolderDisplay.Records[0].RootPath);
-    }
+    EXPECT_EQ("1", item.Records > 0 ? scheme.FolderDisplay.Records[0].RootPath : "1");
   }
 }
 
 // What was stored beyond the count stays, unread.
 TEST_F(SchemeStorageTest, SavingFollowsTheCountButNeverLeavesTheList) {
+  const std::string link =
+      R"( "DisplayName"="" "URL"="" "IconFile"="" "LongToolTip"="" "ShortToolTip"="" "Wav File"="")";
+  const std::string one = "[WebLink 1]" + link, two = one + "[WebLink 2]" + link;
   const struct {
     std::int32_t Count;
+    const char* Stored;
     bool Saves;
-    int Written;
-  } cases[] = {{1, true, 1}, {2, true, 2}, {3, false, 2}, {-1, true, 0}};
+    std::string Written;
+  } cases[] = {{1, "1", true, one}, {2, "2", true, two}, {3, "3", false, two}, {-1, "ffffffff", true, ""}};
   for (const auto& item : cases) {
     SCOPED_TRACE(item.Count);
-    const std::string name = "Scheme " + std::to_string(item.Count);
-    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath(name), R"([WebLinks\WebLink 3] "URL"="old")");
+    RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
+    const std::string old = R"([WebLink 3] "URL"="old")";
+    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff") + "\\WebLinks", old);
     SchemeProperties scheme;
     scheme.WebLinks = {item.Count, {WebLink(), WebLink()}};
-    EXPECT_EQ(item.Saves, SaveWebLinks(name, scheme));
-    const std::string stored = DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath(name));
-    for (const int n : {1, 2, 3}) {
-      const bool written = stored.find("WebLink " + std::to_string(n)) != std::string::npos;
-      EXPECT_EQ(n <= item.Written || n == 3, written) << n;
-    }
-    EXPECT_NE(std::string::npos, stored.find("\"URL\"=\"old\""));
-    LoadWebLinks(name, scheme);
-    EXPECT_EQ(item.Count, scheme.WebLinks.Count);
+    EXPECT_EQ(item.Saves, SaveWebLinks("Staff", scheme));
+    ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff") + "\\WebLinks",
+               "\"WebLinksCount\"=dword:" + (item.Stored + old) + item.Written);
   }
-}
-
-TEST_F(SchemeStorageTest, NothingIsWrittenWithoutTheShell) {
-  ASSERT_EQ(0, RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software"));
-  SchemeProperties scheme = DistinctScheme();
-  scheme.Name = "Staff";
-  EXPECT_FALSE(SaveSchemeProperties("Staff", scheme));
-  EXPECT_FALSE(SaveFolderDisplay("Staff", scheme) || SaveWebLinks("Staff", scheme) ||
-               SaveTabSelection("Staff", scheme) || SaveToolBars("Staff", scheme) ||
-               SaveDefaults("Staff", scheme));
-  EXPECT_FALSE(SaveFolderRoot("Staff", 1, {}) || SaveWebLink("Staff", 1, {}) ||
-               SaveToolBarPage("Staff", 1, {}));
-  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 }
 
 TEST_F(SchemeStorageTest, NamesThatNameNoKeyTouchNothing) {
@@ -213,6 +179,16 @@ TEST_F(SchemeStorageTest, NamesThatNameNoKeyTouchNothing) {
     EXPECT_FALSE(SaveSchemeProperties("Staff", scheme));
   }
   EXPECT_EQ(before, DumpTree(HKEY_LOCAL_MACHINE, ""));
+}
+
+TEST_F(SchemeStorageTest, NothingIsWrittenWithoutTheShell) {
+  ASSERT_EQ(0, RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software"));
+  SchemeProperties s = DistinctScheme();
+  s.Name = "S";
+  EXPECT_FALSE(SaveSchemeProperties("S", s) || SaveFolderDisplay("S", s) || SaveWebLinks("S", s) ||
+               SaveTabSelection("S", s) || SaveToolBars("S", s) || SaveDefaults("S", s) ||
+               SaveFolderRoot("S", 1, {}) || SaveWebLink("S", 1, {}) || SaveToolBarPage("S", 1, {}));
+  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 }
 
 }  // namespace

@@ -30,9 +30,6 @@ class RegistryTest : public testing::Test {
   void TearDown() override;
 
  private:
-  void RemoveScratch();
-
-  UniqueKey software_;  // the user's real key
   UniqueKey localMachine_;
   UniqueKey currentUser_;
 };
@@ -40,8 +37,9 @@ class RegistryTest : public testing::Test {
 // Adds what `text` states to the key `path` of `root`, which is created if missing.
 void WriteTree(HKEY root, const std::string& path, const std::string& text);
 
-// The key with everything below it, as WriteTree takes it, sorted. "" when there is no such key.
+// The key with everything below it, for comparing: sorted, a line for each key, "[Staff\Root 1]", and each
+// value, "[Staff\Root 1] RootPath=1 C:\Work<0>" with its type and all stored data. "" when there is no key.
 std::string DumpTree(HKEY root, const std::string& path);
 
-// Fails unless the key and everything below it is what `text` states, byte for byte.
+// Fails unless the key and everything below it is what `text` states, byte for byte; "" stands for no key.
 void ExpectTree(HKEY root, const std::string& path, const std::string& text);
