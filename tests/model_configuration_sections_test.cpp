@@ -60,42 +60,39 @@ std::string ButtonRows(const std::string& section) {
 // A configuration in which every value is another, as the registry and as a file hold it.
 struct Golden {
   std::string Tree;
-  std::vector<SchemeRecord> Records;
+  std::string File = Bytes("Kelvanstead Scheme Manager!|");
 
   Golden() {
     for (const SectionCase& section : kSections) {
       Add(section.Key, "S" + section.Label, section.Rows);
       if (section.RecordLabel.empty()) continue;
       const bool hasRoots = section.Key == "FolderDisplay";
-      for (const char* n : {"1", "2"}) {
-        const std::string name = std::string(hasRoots ? "Root" : "Button") + n;
-        const std::string key = section.Key + "\\" + name;
-        const std::string owner = "S" + section.RecordLabel + name;
+      for (const std::string n : {"1", "2"}) {
+        const std::string name = (hasRoots ? "Root" : "Button") + n;
+        const std::string key = section.Key + "\\" + name, owner = "S" + section.RecordLabel + name;
         Add(key, owner, hasRoots ? kRootRows : ButtonRows(section.Key));
         if (!hasRoots) Add(key + "\\Images", owner + "Images", "Selected,Over,NotSelected:Not Selected");
       }
     }
   }
 
+ private:
   void Add(const std::string& key, const std::string& owner, const std::string& rows) {
-    Tree += "[" + key + "]\n";
+    Tree += "[" + key + "]";
     std::istringstream list(rows);
     for (std::string row; std::getline(list, row, ',');) {
       const bool isNumber = row[0] == '#';
       if (isNumber) row.erase(0, 1);
-      const std::string name = row.substr(0, row.find(':'));
-      const std::string label = row.substr(row.find(':') + 1);
-      const bool isCount = name == "Buttons" || name == "RootFoldersCount";
-      const int number = isCount ? 2 : ++number_;
+      const std::string name = row.substr(0, row.find(':')), label = row.substr(row.find(':') + 1);
+      const int number = name == "Buttons" || name == "RootFoldersCount" ? 2 : ++number_;
       std::ostringstream hex;
       hex << std::hex << number;
-      const std::string text = "text " + std::to_string(number);
-      Tree += '"' + name + (isNumber ? "\"=dword:" + hex.str() : "\"=\"" + text + "\"") + "\n";
-      Records.push_back({owner, label, isNumber ? std::to_string(number) : text});
+      const std::string text = (isNumber ? "" : "text ") + std::to_string(number);
+      Tree += '"' + name + (isNumber ? "\"=dword:" + hex.str() : "\"=\"" + text + '"');
+      File += Bytes(owner + "|" + label + "|" + text + "|");
     }
   }
 
- private:
   int number_ = 100;
 };
 
@@ -116,17 +113,12 @@ class ConfigurationSectionsTest : public RegistryTest {
 TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) {
   WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), golden_.Tree);
   WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
-  EXPECT_TRUE(config_.LoadFromRegistry("S"));
-  EXPECT_TRUE(config_.SaveToRegistry("T"));
+  EXPECT_TRUE(config_.LoadFromRegistry("S") && config_.SaveToRegistry("T"));
   ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), golden_.Tree);
 
   config_.WriteToFile("S");
-  const std::vector<SchemeRecord> records = SplitRecords(FileBytes(TheRecordStore()));
-  ASSERT_EQ(golden_.Records.size(), records.size());
-  for (std::size_t i = 0; i < records.size(); ++i)
-    EXPECT_EQ(golden_.Records[i], records[i]) << i << ": " << records[i].Key1 << "/" << records[i].Key2;
-
-  TheRecordStore().Fill(records);
+  EXPECT_EQ(golden_.File, FileBytes(TheRecordStore()));
+  TheRecordStore().Fill(SplitRecords(golden_.File));
   FullConfiguration read;
   EXPECT_TRUE(read.ReadFromFile("S"));
   for (ToolButton& button : config_.ToolBar.ButtonList)
@@ -135,39 +127,36 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
 }
 
 TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
-  const struct {
-    std::int32_t Stated;
-    std::size_t Records;
-    bool Reads;
-  } cases[] = {{0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 1000, false}, {-1, 0, false}};
-  for (const auto& item : cases) {
-    SCOPED_TRACE(item.Stated);
-    TheRecordStore().Fill({{"S - Folder Display", "RootFoldersCount", std::to_string(item.Stated)}});
+  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
+  const std::tuple<std::int32_t, std::size_t, bool> cases[] = {
+      {0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 1000, false}, {-1, 0, false}};
+  for (const auto& [stated, records, reads] : cases) {
+    SCOPED_TRACE(stated);
+    TheRecordStore().Fill({{"S - Folder Display", "RootFoldersCount", std::to_string(stated)}});
     FolderDisplaySection read;
-    EXPECT_EQ(item.Reads, read.ReadFromFile("S"));
-    EXPECT_EQ(item.Records, read.Roots.size());
-    WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
+    EXPECT_EQ(reads, read.ReadFromFile("S"));
+    EXPECT_EQ(records, read.Roots.size());
     read.Roots.clear();
-    EXPECT_EQ(item.Stated <= 0, read.SaveToRegistry("S"));
-    EXPECT_EQ(item.Reads, read.LoadFromRegistry("S"));
-    EXPECT_EQ(item.Records, read.Roots.size());
+    EXPECT_EQ(stated <= 0, read.SaveToRegistry("S"));
+    EXPECT_EQ(reads, read.LoadFromRegistry("S"));
+    EXPECT_EQ(records, read.Roots.size());
   }
 }
 
 // Which key guards what differs from section to section.
 TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
-  config_.FolderDisplay.Roots.resize(1);
-  for (auto* list :
-       {&config_.MyPrograms.ButtonList, &config_.MyWork.ButtonList, &config_.PaneSelection.ButtonList,
-        &config_.SystemMenu.ButtonList, &config_.ToolBar.ButtonList}) {
-    list->resize(1);
-  }
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), golden_.Tree);
+  EXPECT_TRUE(config_.LoadFromRegistry("S"));
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
   for (const SectionCase& section : kSections) {
     const std::string& key = section.Key;
     ExpectCaution(key);
-    if (section.RecordLabel.empty()) continue;
-    ExpectCaution(key + (key == "FolderDisplay" ? "\\Root1" : "\\Button1"));
-    if (key != "FolderDisplay") ExpectCaution(key + "\\Button1\\Images");
+    for (const std::string n : {"1", "2"}) {
+      if (key == "FolderDisplay") ExpectCaution(key + "\\Root" + n);
+      if (section.RecordLabel.empty() || key == "FolderDisplay") continue;
+      ExpectCaution(key + "\\Button" + n);
+      ExpectCaution(key + "\\Button" + n + "\\Images");
+    }
   }
   EXPECT_FALSE(config_.SaveToRegistry("S"));
   EXPECT_EQ(0u, script_.Remaining());
@@ -177,12 +166,13 @@ TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
   ExpectCaution("MyWork");  // its buttons could be written, but are not without it
   EXPECT_FALSE(config_.MyWork.SaveToRegistry("S"));
   ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, "[]");
-  ExpectCaution("FolderDisplay");
-  ExpectCaution("FolderDisplay\\Root1");
+  for (const char* path : {"FolderDisplay", "FolderDisplay\\Root1", "FolderDisplay\\Root2"})
+    ExpectCaution(path);
   EXPECT_FALSE(config_.SaveToRegistry("S"));
-  EXPECT_EQ("", DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S") + "\\FolderDisplay"));
-  EXPECT_NE("", DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S") + "\\MyWork\\Button1\\Images"));
-  EXPECT_NE("", DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S") + "\\ToolBar"));
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), golden_.Tree);
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, (SchemeKeyPath("T") + "\\FolderDisplay").c_str());
+  EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T")),
+            DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S")));
 }
 
 }  // namespace

@@ -44,10 +44,10 @@ void WriteValue(HKEY key, const std::string& name, std::istream& text) {
       text.clear();  // the last number is followed by something else
     }
   }
-  // RegSetValueEx takes in a NUL that stands right behind the data.
+  // RegSetKeyValue takes in a NUL that stands right behind the data.
   const auto size = static_cast<DWORD>(data.size());
   data += 'x';
-  Check(RegSetValueExA(key, name.c_str(), 0, type, reinterpret_cast<const BYTE*>(data.data()), size), name);
+  Check(RegSetKeyValueA(key, nullptr, name.c_str(), type, data.data(), size), name);
 }
 
 // Printable characters as they are, every other one as its number. A character has one byte or two.
@@ -108,7 +108,7 @@ void WriteTree(HKEY root, const std::string& path, const std::string& text) {
       continue;
     }
     if (first == '"') rest.unget() >> std::quoted(name);
-    if (rest.get() != '=') throw std::runtime_error("neither key nor value: " + first + name);
+    if (rest.get() != '=') throw std::runtime_error("neither key nor value: " + std::string(1, first) + name);
     WriteValue(key.Get(), name, rest);
   }
 }
@@ -127,7 +127,8 @@ std::string DumpTree(HKEY root, const std::string& path) {
 void ExpectTree(HKEY root, const std::string& path, const std::string& text) {
   constexpr char kExpected[] = "What the test expects";
   const std::string actual = DumpTree(root, path);
-  if (!text.empty()) WriteTree(HKEY_CURRENT_USER, kExpected, text);
+  if (actual == text) return;
+  WriteTree(HKEY_CURRENT_USER, kExpected, text);
   EXPECT_EQ(actual, DumpTree(HKEY_CURRENT_USER, kExpected));
   RegDeleteTreeA(HKEY_CURRENT_USER, kExpected);
 }

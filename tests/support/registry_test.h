@@ -41,5 +41,6 @@ void WriteTree(HKEY root, const std::string& path, const std::string& text);
 // value, "[Staff\Root 1] RootPath=1 C:\Work<0>" with its type and all stored data. "" when there is no key.
 std::string DumpTree(HKEY root, const std::string& path);
 
-// Fails unless the key and everything below it is what `text` states, byte for byte; "" stands for no key.
+// Fails unless the key and everything below it is what `text` states, byte for byte. "" stands for no key,
+// and what DumpTree answered for itself.
 void ExpectTree(HKEY root, const std::string& path, const std::string& text);
