@@ -40,6 +40,8 @@ void CListPage::OnCommand(int id, int /*code*/) {
       return OnMove(-1);
     case IDC_MOVE_DOWN:
       return OnMove(1);
+    case IDHELP:
+      return OnHelp();
   }
 }
 

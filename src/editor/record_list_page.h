@@ -1,4 +1,5 @@
-// A page that edits an ordered list of records: a report list with Add, Edit, Remove, Move Up and Move Down.
+// A page that edits an ordered list of records: a report list with Add, Edit, Remove, Move Up, Move Down and
+// Help.
 //
 // The list is edited in place, so a page's owner gives it a copy. Double-click edits, Insert adds, Delete
 // removes; a button is enabled while it can do something. After each change the row that it concerned is
