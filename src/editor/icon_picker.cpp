@@ -7,6 +7,7 @@
 
 #include "app/settings.h"
 #include "base/message.h"
+#include "controls/working_folder.h"
 #include "editor/icon_picker_ids.h"
 #include "editor/thumbnail.h"
 #include "resources/resource_ids.h"
@@ -42,6 +43,7 @@ void CIconPicker::OnOK() {
 }
 
 void CIconPicker::Browse() {
+  const WorkingFolderKeeper keeper;
   char path[MAX_PATH] = "";
   OPENFILENAMEA request{};
   request.lStructSize = sizeof(request);
@@ -50,8 +52,7 @@ void CIconPicker::Browse() {
   request.lpstrFile = path;
   request.nMaxFile = sizeof(path);
   request.lpstrTitle = "Browse for a Picture";
-  // The program relies on its working folder.
-  request.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  request.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
   if (!GetOpenFileNameA(&request)) return;
   if (!LoadThumbnail(path, kLargeThumbnailSize)) {
     ShowWarning(Window(), FileNameOf(path) + "\n\nThis file cannot be used as a picture.", "Picture Problem");
