@@ -123,6 +123,7 @@ TEST_F(StartUpTest, SeesASecondCopyUnderAnyCase) {
     copies.emplace_back(process.hProcess);
     EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected);
   }
+  DialogScript script;  // a message is a fault, and closed
   const HWND first = CreateWindowA("Static", kTitle, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, 0, 100, 100,
                                    nullptr, nullptr, nullptr, nullptr);
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
