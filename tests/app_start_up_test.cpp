@@ -25,20 +25,18 @@ class StartUpTest : public RegistryTest {
   void SetUp() override {
     RegistryTest::SetUp();
     WriteTree(HKEY_LOCAL_MACHINE, kTessaly, "[Kelvanstead\\Schemes]");
-    const std::pair<const char*, std::string> settings[] = {
-        {"Software\\Tessaly\\Kelvanstead\\Settings\\Default Pictures", pictures_},
-        {"Software\\Tessaly\\Kelvanstead Scheme Manager\\Location", location_}};
-    for (const auto& [value, folder] : settings) {
+    for (const std::string& folder : {pictures_, location_})
       fs::create_directory(folder);
-      const fs::path path(value);
-      RegSetKeyValueA(HKEY_LOCAL_MACHINE, path.parent_path().string().c_str(),
-                      path.filename().string().c_str(), REG_SZ, folder.c_str(),
-                      static_cast<DWORD>(folder.size() + 1));
-    }
+    Set("Software\\Tessaly\\Kelvanstead\\Settings", "Default Pictures", pictures_);
+    Set("Software\\Tessaly\\Kelvanstead Scheme Manager", "Location", location_);
   }
   void TearDown() override {
     fs::current_path(workingDirectory_);
     RegistryTest::TearDown();
+  }
+  static void Set(const char* key, const char* value, const std::string& text) {
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, value, REG_SZ, text.c_str(),
+                    static_cast<DWORD>(text.size() + 1));
   }
 
   const ScratchFolder folder_;
