@@ -62,7 +62,7 @@ TEST_F(ListPages, AddEditMoveAndRemove) {
   CPage2 page;
   page.Links = {{"a", "", "", "", "", "a.wav"}, {"b", "", "", "", "", ""}};
   DialogScript script;
-  script.Expect(kSheetTitle, [](HWND sheet) {
+  script.Expect(kSheetTitle, [&](HWND sheet) {
     EXPECT_EQ(After(sheet, IDC_ADD_RECORD, VK_SPACE), "a b [c] | L[A]ERU");
     EXPECT_EQ(After(sheet, IDC_MOVE_UP, VK_SPACE), "a [c] b | LAER[U]D");
     EXPECT_EQ(After(sheet, IDC_MOVE_UP, VK_SPACE), "[c] a b | [L]AERD");
@@ -72,23 +72,19 @@ TEST_F(ListPages, AddEditMoveAndRemove) {
     SendMessageA(List(sheet), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(10, 30));
     EXPECT_EQ(ListCellText(List(sheet), 0, 1), "https://new");
     EXPECT_EQ(After(sheet, IDC_EDIT_RECORD, VK_SPACE), "[new] c b | LA[E]RD");
-    Click(sheet, IDOK);
-  });
-  script.Expect(kLinkTitle, EnterLink("c", "c.example/100%25?x"));
-  script.Expect(kLinkTitle, EnterLink("not taken", "x", IDCANCEL));
-  script.Expect(kLinkTitle, EnterLink("new", "https://new"));
-  script.Expect(kLinkTitle, EnterLink("not taken", "x", IDCANCEL));
-  EXPECT_EQ(ShowInSheet(page), IDOK);
-  EXPECT_EQ(page.Links, (std::vector<WebLink>{{"new", "https://new", "", "", "", "a.wav"},
-                                              {"c", "c.example/100%25?x", "", "", "", ""},
-                                              {"b", "", "", "", "", ""}}));
-  script.Expect(kSheetTitle, [](HWND sheet) {
+    EXPECT_EQ(page.Links, (std::vector<WebLink>{{"new", "https://new", "", "", "", "a.wav"},
+                                                {"c", "c.example/100%25?x", "", "", "", ""},
+                                                {"b", "", "", "", "", ""}}));
     EXPECT_EQ(After(sheet, IDC_REMOVE_RECORD, VK_SPACE), "[c] b | LAE[R]D");
     EXPECT_EQ(After(sheet, IDC_RECORD_LIST, VK_DELETE), "[b] | [L]AER");
     EXPECT_EQ(After(sheet, IDC_REMOVE_RECORD, VK_SPACE), "| L[A]");
     EXPECT_EQ(After(sheet, IDC_RECORD_LIST, VK_DELETE), "| [L]A");
     Click(sheet, IDOK);
   });
+  script.Expect(kLinkTitle, EnterLink("c", "c.example/100%25?x"));
+  script.Expect(kLinkTitle, EnterLink("not taken", "x", IDCANCEL));
+  script.Expect(kLinkTitle, EnterLink("new", "https://new"));
+  script.Expect(kLinkTitle, EnterLink("not taken", "x", IDCANCEL));
   EXPECT_EQ(ShowInSheet(page), IDOK);
   EXPECT_TRUE(page.Links.empty());
 }
