@@ -55,7 +55,7 @@ bool IsReasonableBitmap(const BitmapStart& start, DWORD fileSize) {
   const BITMAPINFOHEADER info = Modernised(start.Info);
   const std::int64_t width = info.biWidth;
   const std::int64_t height = std::abs(static_cast<std::int64_t>(info.biHeight));
-  const std::int64_t headers = sizeof(BITMAPFILEHEADER) + static_cast<std::int64_t>(info.biSize);
+  const auto headers = static_cast<std::int64_t>(sizeof(BITMAPFILEHEADER)) + info.biSize;
   const std::int64_t colours = info.biClrUsed || info.biBitCount > 8 ? info.biClrUsed : 1 << info.biBitCount;
   const std::int64_t pixelBytes = static_cast<std::int64_t>(fileSize) - start.File.bfOffBits;
   if (width <= 0 || height == 0 || width > kMostPixels || height > kMostPixels ||
