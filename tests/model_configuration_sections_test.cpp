@@ -2,123 +2,93 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <tuple>
 
 #include "registry/registry_paths.h"
 #include "schemefile/record_splitter.h"
 #include "schemefile/record_store.h"
 #include "support/dialog_script.h"
+#include "support/numbered_values.h"
 #include "support/registry_test.h"
-#include "support/scheme_file_bytes.h"
 
 namespace {
 
-// Every value of a section, in the order of its records: "registry name:file label", numbers marked with #.
-// Where the two are the same, one.
-struct SectionCase {
-  std::string Key;
-  std::string Label;
-  std::string Rows;
-  std::string RecordLabel;  // of the section's list, if it has one
-};
-
-const std::string kCommonRows = "#Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button";
-const std::string kPaneRows =
-    kCommonRows +
-    ",#LeftMargin:Left Margin,#TopMargin:Top Margin,#Vertical,#VerticalMenu:Vertical "
-    "Menu,#AlignRight:Align Right,BGColour:BG Colour,BGImg:BG Img";
-const SectionCase kSections[] = {
-    {"Executables", " - Executables", "Class Selector,End Session", ""},
+// Key, label in a file, and rows in the order of a file. A section with a count (*) has a list.
+const std::string kCommon = "*Buttons,#CheckSupported:Check Supported,#Default,#LatchButton:Latch Button";
+const std::string kMenu = "#VerticalMenu:Vertical Menu,#AlignRight:Align Right";
+const std::string kPane = kCommon + ",#LeftMargin:Left Margin,#TopMargin:Top Margin,#Vertical," + kMenu +
+                          ",BGColour:BG Colour,BGImg:BG Img";
+const std::tuple<std::string, std::string, std::string> kSections[] = {
+    {"Executables", " - Executables", "Class Selector,End Session"},
     {"FolderDisplay", " - Folder Display",
-     "DateFormat,LastSelectedDir,LastSelectedFile,ViewStyle,#RootFoldersCount,#UseLargeIcons",
-     " - Folder Display - "},
-    {"MyPrograms", " - My Programs", kCommonRows, " - My Programs - "},
-    {"MyWork", " - My Work", kPaneRows + ",VertDarkImg:Vert Dark Image,VertLightImg:Vert Light Image",
-     " - My Work - "},
-    {"PaneSelection", " - PaneSelection", kPaneRows, " - Pane Selection - "},
+     "DateFormat,LastSelectedDir,LastSelectedFile,ViewStyle,*RootFoldersCount,#UseLargeIcons"},
+    {"MyPrograms", " - My Programs", kCommon},
+    {"MyWork", " - My Work", kPane + ",VertDarkImg:Vert Dark Image,VertLightImg:Vert Light Image"},
+    {"PaneSelection", " - PaneSelection", kPane},
     {"ScreenSettings", " - Screen Settings",
-     "#Maximised,#StartHeight,#StartWidth,#X_StartPos:X Start Position,#Y_StartPos:Y Start Position", ""},
+     "#Maximised,#StartHeight,#StartWidth,#X_StartPos:X Start Position,#Y_StartPos:Y Start Position"},
     {"SystemMenu", " - System Menu",
-     kPaneRows + ",BackGroundImg:Background Image,BackGroundColour:Background Colour", " - System Menu - "},
-    {"ToolBar", " - Tool Bar",
-     kCommonRows + ",#VerticalMenu:Vertical Menu,#AlignRight:Align Right,BackGroundImg:Background Image",
-     " - Tool Bar - "},
+     kPane + ",BackGroundImg:Background Image,BackGroundColour:Background Colour"},
+    {"ToolBar", " - Tool Bar", kCommon + "," + kMenu + ",BackGroundImg:Background Image"},
 };
 
-const std::string kRootRows =
-    "CollapsedIconFile,ExpandedIconFile,RootDisplayName,RootPath,#CollapsedIconIndex,#DenyModify,"
-    "#ExpandedIconIndex,#FolderLevels";
-std::string ButtonRows(const std::string& section) {
-  const bool toolBar = section == "ToolBar";
+std::string ItemRows(const std::string& section) {
+  if (section == "FolderDisplay")
+    return "CollapsedIconFile,ExpandedIconFile,RootDisplayName,RootPath,#CollapsedIconIndex,#DenyModify,"
+           "#ExpandedIconIndex,#FolderLevels";
   return std::string("AgentLongMessage:Agent Long Message ,AgentShortMessage:Agent Short Message ,") +
          (section == "MyWork" ? "AgentMsg:Agent Msg ," : "") +
          "JScript,Name,SupportedDefault:Supported Default ," +
-         (toolBar ? "Text,ToolTip:Tooltip ,URL,WavFile:Wave File"
-                  : "Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ");
+         (section == "ToolBar" ? "Text,ToolTip:Tooltip ,URL,WavFile:Wave File"
+                               : "Text:Text ,ToolTip:Tooltip ,URL:URL ,WavFile:Wave File ");
 }
 
-// A configuration in which every value is another, as the registry and as a file hold it.
-struct Golden {
-  std::string Tree;
-  std::string File = Bytes("Kelvanstead Scheme Manager!|");
-
-  Golden() {
-    for (const SectionCase& section : kSections) {
-      Add(section.Key, "S" + section.Label, section.Rows);
-      if (section.RecordLabel.empty()) continue;
-      const bool hasRoots = section.Key == "FolderDisplay";
-      for (const std::string n : {"1", "2"}) {
-        const std::string name = (hasRoots ? "Root" : "Button") + n;
-        const std::string key = section.Key + "\\" + name, owner = "S" + section.RecordLabel + name;
-        Add(key, owner, hasRoots ? kRootRows : ButtonRows(section.Key));
-        if (!hasRoots) Add(key + "\\Images", owner + "Images", "Selected,Over,NotSelected:Not Selected");
-      }
+NumberedValues DistinctConfiguration() {
+  NumberedValues values;
+  for (const auto& [key, label, rows] : kSections) {
+    values.Add(key, rows, "S" + label);
+    if (rows.find('*') == rows.npos) continue;
+    const bool hasRoots = key == "FolderDisplay";
+    const std::string owner = key == "PaneSelection" ? "S - Pane Selection" : "S" + label;
+    for (const std::string item : {hasRoots ? "Root1" : "Button1", hasRoots ? "Root2" : "Button2"}) {
+      values.Add(key + "\\" + item, ItemRows(key), owner + " - " + item);
+      if (hasRoots) continue;
+      values.Add(key + "\\" + item + "\\Images", "Selected,Over,NotSelected:Not Selected",
+                 owner + " - " + item + "Images");
     }
   }
-
- private:
-  void Add(const std::string& key, const std::string& owner, const std::string& rows) {
-    Tree += "[" + key + "]";
-    std::istringstream list(rows);
-    for (std::string row; std::getline(list, row, ',');) {
-      const bool isNumber = row[0] == '#';
-      if (isNumber) row.erase(0, 1);
-      const std::string name = row.substr(0, row.find(':')), label = row.substr(row.find(':') + 1);
-      const int number = name == "Buttons" || name == "RootFoldersCount" ? 2 : ++number_;
-      std::ostringstream hex;
-      hex << std::hex << number;
-      const std::string text = (isNumber ? "" : "text ") + std::to_string(number);
-      Tree += '"' + name + (isNumber ? "\"=dword:" + hex.str() : "\"=\"" + text + '"');
-      File += Bytes(owner + "|" + label + "|" + text + "|");
-    }
-  }
-
-  int number_ = 100;
-};
+  return values;
+}
 
 class ConfigurationSectionsTest : public RegistryTest {
  protected:
-  ConfigurationSectionsTest() { TheRecordStore().ClearRecordStore(); }
-
-  void ExpectCaution(const std::string& path) {
-    script_.ExpectMessage("Settings Problem",
-                          "Caution: There has been a problem setting " + SchemeKeyPath("S") + "\\" + path);
+  void SetUp() override {
+    RegistryTest::SetUp();
+    TheRecordStore().ClearRecordStore();
+    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), values_.Tree);
+    WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
+    EXPECT_TRUE(config_.LoadFromRegistry("S"));
   }
 
-  Golden golden_;
+  void ExpectCautions(const std::vector<std::string>& keys) {
+    for (const std::string& key : keys)
+      script_.ExpectMessage("Settings Problem",
+                            "Caution: There has been a problem setting " + SchemeKeyPath("S") + "\\" + key);
+  }
+
+  const NumberedValues values_ = DistinctConfiguration();
   FullConfiguration config_;
   DialogScript script_;
 };
 
 TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) {
-  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), golden_.Tree);
-  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
-  EXPECT_TRUE(config_.LoadFromRegistry("S") && config_.SaveToRegistry("T"));
-  ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), golden_.Tree);
+  EXPECT_TRUE(config_.SaveToRegistry("T"));
+  ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), values_.Tree);
 
   config_.WriteToFile("S");
-  EXPECT_EQ(golden_.File, FileBytes(TheRecordStore()));
-  TheRecordStore().Fill(SplitRecords(golden_.File));
+  const std::string file = FileBytes("") + values_.File;
+  EXPECT_EQ(file, FileBytes(TheRecordStore()));
+  TheRecordStore().Fill(SplitRecords(file));
   FullConfiguration read;
   EXPECT_TRUE(read.ReadFromFile("S"));
   for (ToolButton& button : config_.ToolBar.ButtonList)
@@ -127,7 +97,6 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
 }
 
 TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
-  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "");
   const std::tuple<std::int32_t, std::size_t, bool> cases[] = {
       {0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 1000, false}, {-1, 0, false}};
   for (const auto& [stated, records, reads] : cases) {
@@ -145,34 +114,21 @@ TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
 
 // Which key guards what differs from section to section.
 TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
-  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), golden_.Tree);
-  EXPECT_TRUE(config_.LoadFromRegistry("S"));
   RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
-  for (const SectionCase& section : kSections) {
-    const std::string& key = section.Key;
-    ExpectCaution(key);
-    for (const std::string n : {"1", "2"}) {
-      if (key == "FolderDisplay") ExpectCaution(key + "\\Root" + n);
-      if (section.RecordLabel.empty() || key == "FolderDisplay") continue;
-      ExpectCaution(key + "\\Button" + n);
-      ExpectCaution(key + "\\Button" + n + "\\Images");
-    }
-  }
+  ExpectCautions(values_.Keys);
   EXPECT_FALSE(config_.SaveToRegistry("S"));
   EXPECT_EQ(0u, script_.Remaining());
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 
   WriteTree(HKEY_LOCAL_MACHINE, kProductKey, "");
-  ExpectCaution("MyWork");  // its buttons could be written, but are not without it
+  ExpectCautions({"MyWork"});  // its buttons could be written, but are not without it
   EXPECT_FALSE(config_.MyWork.SaveToRegistry("S"));
   ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, "[]");
-  for (const char* path : {"FolderDisplay", "FolderDisplay\\Root1", "FolderDisplay\\Root2"})
-    ExpectCaution(path);
+  ExpectCautions({"FolderDisplay", "FolderDisplay\\Root1", "FolderDisplay\\Root2"});
   EXPECT_FALSE(config_.SaveToRegistry("S"));
-  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), golden_.Tree);
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), values_.Tree);
   RegDeleteTreeA(HKEY_LOCAL_MACHINE, (SchemeKeyPath("T") + "\\FolderDisplay").c_str());
-  EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T")),
-            DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S")));
+  ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T")));
 }
 
 }  // namespace

@@ -2,75 +2,61 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <tuple>
 
+#include "registry/registry_key.h"
 #include "registry/registry_paths.h"
+#include "support/numbered_values.h"
 #include "support/registry_test.h"
 
 namespace {
 
-class SchemeStorageTest : public RegistryTest {
- protected:
-  void SetUp() override {
-    RegistryTest::SetUp();
-    WriteTree(HKEY_LOCAL_MACHINE, kProductKey, "");
-  }
-  static void Store(const std::string& text) { WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff"), text); }
-};
+using SchemeStorageTest = RegistryTest;
+
+void Store(const std::string& text) { WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff"), text); }
 
 // A scheme in which every value is another, and what it is in the registry.
 SchemeProperties DistinctScheme() {
+  std::uint32_t last = 0;
+  const auto n = [&last] { return ++last; };
+  const auto t = [&n] { return "text " + std::to_string(n()); };
   SchemeProperties scheme;
-  scheme.FolderDisplay.Assign(
-      {{"root1", "C:\\1", 11, "closed1", "open1", "long1", "short1", "1.wav", 21, 0, 0},
-       {"root2", "C:\\2", 12, "closed2", "open2", "long2", "short2", "2.wav", 22, 0, 0}});
-  scheme.WebLinks.Assign({{"link1", "http://1", "icon1", "longlink1", "shortlink1", "link1.wav"}});
-  scheme.Tabs = {31, 32, 0xFFFFFFFF};
-  for (std::uint32_t n = 0x100; ToolBarPage & page : scheme.ToolBars) {
-    page = {n,     n + 1, n + 2,  n + 3,  n + 4,  n + 5,  n + 6,  n + 7,
-            n + 8, n + 9, n + 10, n + 11, n + 12, n + 13, n + 14, n + 15};
-    n += 0x100;
-  }
-  scheme.Defaults = {"tree2", 41, 42, 43, 44, 45, 46};
+  scheme.FolderDisplay.Assign({{t(), t(), n(), t(), t(), t(), t(), t(), n(), 0, 0},
+                               {t(), t(), n(), t(), t(), t(), t(), t(), n(), 0, 0}});
+  scheme.WebLinks.Assign({{t(), t(), t(), t(), t(), t()}, {t(), t(), t(), t(), t(), t()}});
+  scheme.Tabs = {n(), n(), n()};
+  for (ToolBarPage& page : scheme.ToolBars)
+    page = {n(), n(), n(), n(), n(), n(), n(), n(), n(), n(), n(), n(), n(), n(), n(), n()};
+  scheme.Defaults = {t(), n(), n(), n(), n(), n(), n()};
   return scheme;
 }
 
+// The names of a key's values stand in the order of the members.
 std::string DistinctTree(const std::string& schemeName) {
-  std::ostringstream text;
-  text << std::hex << "\"Scheme Name\"=\"" << schemeName << R"("
-    [FolderDisplay] "RootFolderCount"=dword:2
-    [FolderDisplay\Root 1]
-    "RootDisplayName"="root1" "RootPath"="C:\\1" "FolderLevels"=dword:b "CollapsedIconFile"="closed1"
-    "ExpandedIconFile"="open1" "LongToolTip"="long1" "ShortToolTip"="short1" "Wav File"="1.wav"
-    "DenyModify"=dword:15
-    [FolderDisplay\Root 2]
-    "RootDisplayName"="root2" "RootPath"="C:\\2" "FolderLevels"=dword:c "CollapsedIconFile"="closed2"
-    "ExpandedIconFile"="open2" "LongToolTip"="long2" "ShortToolTip"="short2" "Wav File"="2.wav"
-    "DenyModify"=dword:16
-    [WebLinks] "WebLinksCount"=dword:1
-    [WebLinks\WebLink 1]
-    "DisplayName"="link1" "URL"="http://1" "IconFile"="icon1" "LongToolTip"="longlink1"
-    "ShortToolTip"="shortlink1" "Wav File"="link1.wav"
-    [TabSelection] "Page1"=dword:1f "Page2"=dword:20 "Page3"=dword:ffffffff
-    [Defaults]
-    "DefaultView"="tree2" "DefaultIconSize"=dword:29 "DefaultFirstTab"=dword:2a "ShortToolTips"=dword:2b
-    "Silent"=dword:2c "Context Menu"=dword:2d "Options Menu"=dword:2e)";
-  for (int page = 1; page <= 3; ++page) {
-    text << "[ToolBars\\Page " << page << "]";
-    // In the order of the members of ToolBarPage.
-    for (int value = page * 0x100;
-         const char* name : {"Back", "Forward", "New", "Rename", "Cut", "Copy", "Paste", "Delete", "Undo",
-                             "Print", "Refresh", "Icon", "View", "Help", "Up", "Side"})
-      text << '"' << name << "\"=dword:" << value++;
-  }
-  return text.str();
+  NumberedValues values;
+  values.Add("FolderDisplay", "*RootFolderCount");
+  for (const char* root : {"FolderDisplay\\Root 1", "FolderDisplay\\Root 2"})
+    values.Add(root,
+               "RootDisplayName,RootPath,#FolderLevels,CollapsedIconFile,ExpandedIconFile,"
+               "LongToolTip,ShortToolTip,Wav File,#DenyModify");
+  values.Add("WebLinks", "*WebLinksCount");
+  for (const char* link : {"WebLinks\\WebLink 1", "WebLinks\\WebLink 2"})
+    values.Add(link, "DisplayName,URL,IconFile,LongToolTip,ShortToolTip,Wav File");
+  values.Add("TabSelection", "#Page1,#Page2,#Page3");
+  for (const char* page : {"ToolBars\\Page 1", "ToolBars\\Page 2", "ToolBars\\Page 3"})
+    values.Add(page,
+               "#Back,#Forward,#New,#Rename,#Cut,#Copy,#Paste,#Delete,#Undo,#Print,#Refresh,#Icon,#View,"
+               "#Help,#Up,#Side");
+  values.Add("Defaults",
+             "DefaultView,#DefaultIconSize,#DefaultFirstTab,#ShortToolTips,#Silent,#Context Menu,"
+             "#Options Menu");
+  return values.Tree + "[] \"Scheme Name\"=\"" + schemeName + '"';
 }
 
 TEST_F(SchemeStorageTest, EveryValueHasItsPlace) {
   Store(DistinctTree("Staff"));
   SchemeProperties scheme, expected = DistinctScheme();
-  scheme.Name = expected.Name = "untouched";
-  scheme.Description = expected.Description = "untouched";
+  scheme.Name = expected.Name = scheme.Description = expected.Description = "untouched";
   EXPECT_TRUE(LoadSchemeProperties("Staff", scheme));
   EXPECT_EQ(expected, scheme);
 
@@ -81,110 +67,81 @@ TEST_F(SchemeStorageTest, EveryValueHasItsPlace) {
   ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("New"), DistinctTree("New"));
 }
 
-// What is missing fails the load, unless it is a record's or a count, and leaves its field empty; everything
-// else loads.
+// Loading must not keep what the scheme held before, so what is missing leaves its field empty.
 TEST_F(SchemeStorageTest, MissingValuesCostThemselvesOnly) {
-  const struct {
-    const char* Key;
-    const char* Value;  // null: the whole key
-    bool Loads;
-    void (*Forget)(SchemeProperties& scheme);
-  } cases[] = {
-      {"FolderDisplay", nullptr, false, [](auto& s) { s.FolderDisplay = {}; }},
-      {"FolderDisplay", "RootFolderCount", true, [](auto& s) { s.FolderDisplay = {}; }},
-      {"FolderDisplay\\Root 2", "RootPath", true, [](auto& s) { s.FolderDisplay.Records[1].RootPath = ""; }},
-      {"TabSelection", "Page1", false, [](auto& s) { s.Tabs = {}; }},
-      {"TabSelection", "Page2", false, [](auto& s) { s.Tabs.Page2 = s.Tabs.Page3 = 0; }},
-      {"ToolBars", nullptr, false, [](auto& s) { s.ToolBars = {}; }},
-      {"ToolBars\\Page 2", nullptr, false, [](auto& s) { s.ToolBars[1] = {}; }},
-      {"Defaults", "DefaultView", false, [](auto& s) { s.Defaults.DefaultView = ""; }},
+  const auto forget = [](const std::string& key, const char* value) {
+    const std::string path = SchemeKeyPath("Staff") + "\\" + key;
+    EXPECT_EQ(0, value ? RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, path.c_str(), value)
+                       : RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str()));
   };
-  for (const auto& item : cases) {
-    SCOPED_TRACE(testing::Message() << item.Key << " " << item.Value);
-    Store(DistinctTree("Staff"));
-    const std::string path = SchemeKeyPath("Staff") + "\\" + item.Key;
-    ASSERT_EQ(0, item.Value ? RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, path.c_str(), item.Value)
-                            : RegDeleteTreeA(HKEY_LOCAL_MACHINE, path.c_str()));
-    SchemeProperties scheme = DistinctScheme();  // loading must not keep what was there before
-    SchemeProperties expected = scheme;
-    item.Forget(expected);
-    EXPECT_EQ(item.Loads, LoadSchemeProperties("Staff", scheme));
-    EXPECT_EQ(expected, scheme);
-  }
+  Store(DistinctTree("Staff"));
+  SchemeProperties scheme = DistinctScheme(), expected = scheme;
+  forget("FolderDisplay\\Root 2", "RootPath");
+  expected.FolderDisplay.Records[1].RootPath = "";
+  forget("WebLinks", "WebLinksCount");
+  expected.WebLinks = {};
+  EXPECT_TRUE(LoadSchemeProperties("Staff", scheme)) << "records and counts do not matter to the result";
+  EXPECT_EQ(expected, scheme);
+
+  scheme = DistinctScheme();
+  forget("FolderDisplay", nullptr);
+  expected.FolderDisplay = {};
+  forget("TabSelection", "Page2");
+  expected.Tabs.Page2 = expected.Tabs.Page3 = 0;  // the only section that stops at the first gap
+  forget("ToolBars\\Page 2", nullptr);
+  expected.ToolBars[1] = {};
+  forget("Defaults", "DefaultView");
+  expected.Defaults.DefaultView = "";
+  EXPECT_FALSE(LoadSchemeProperties("Staff", scheme));
+  EXPECT_EQ(expected, scheme);
+  EXPECT_FALSE(LoadFolderDisplay("Staff", scheme) || LoadTabSelection("Staff", scheme) ||
+               LoadToolBars("Staff", scheme) || LoadDefaults("Staff", scheme));
 }
 
+// A list of two is saved as far as the count states. What was stored beyond it stays.
 TEST_F(SchemeStorageTest, StatedCountsAreBounded) {
-  const struct {
-    const char* Stored;
-    std::int32_t Count;
-    std::size_t Records;
-    bool Loads;
-  } cases[] = {
-      {"dword:0", 0, 0, true},
-      {"dword:3", 3, 3, true},  // more than there are keys
-      {"dword:ffffffff", -1, 0, false},
-      {"dword:3e8", 1000, 1000, true},
-      {"dword:3e9", 1001, 1, false},
-      {"dword:7fffffff", 0x7FFFFFFF, 1, false},
-      {"\"2\"", 0, 0, true},         // not a number
-      {"hex(4):02 00", 2, 2, true},  // bytes that are missing are 0
-  };
-  for (const auto& item : cases) {
-    SCOPED_TRACE(item.Stored);
-    Store(R"([FolderDisplay\Root 1] "RootPath"="1" [FolderDisplay] "RootFolderCount"=)" +
-          std::string(item.Stored));
-    SchemeProperties scheme;
-    EXPECT_EQ(item.Loads, LoadFolderDisplay("Staff", scheme));
-    EXPECT_EQ(item.Count, scheme.FolderDisplay.Count);
-    ASSERT_EQ(item.Records, scheme.FolderDisplay.Records.size());
-    EXPECT_EQ("1", item.Records > 0 ? scheme.FolderDisplay.Records[0].RootPath : "1");
-  }
-}
-
-// What was stored beyond the count stays, unread.
-TEST_F(SchemeStorageTest, SavingFollowsTheCountButNeverLeavesTheList) {
-  const std::string link =
-      R"( "DisplayName"="" "URL"="" "IconFile"="" "LongToolTip"="" "ShortToolTip"="" "Wav File"="")";
-  const std::string one = "[WebLink 1]" + link, two = one + "[WebLink 2]" + link;
-  const struct {
-    std::int32_t Count;
-    const char* Stored;
-    bool Saves;
-    std::string Written;
-  } cases[] = {{1, "1", true, one}, {2, "2", true, two}, {3, "3", false, two}, {-1, "ffffffff", true, ""}};
-  for (const auto& item : cases) {
-    SCOPED_TRACE(item.Count);
+  const std::tuple<std::int32_t, std::size_t, bool> cases[] = {
+      {0, 0, true},       {1, 1, true},     {3, 3, true},          {-1, 0, false},
+      {1000, 1000, true}, {1001, 3, false}, {0x7FFFFFFF, 3, false}};
+  const std::string path = SchemeKeyPath("Staff") + "\\FolderDisplay";
+  RegistryKey key(true, path.c_str(), HKEY_LOCAL_MACHINE);
+  for (const auto& [count, records, loads] : cases) {
+    SCOPED_TRACE(count);
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
-    const std::string old = R"([WebLink 3] "URL"="old")";
-    WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff") + "\\WebLinks", old);
+    key.Close();
+    EXPECT_TRUE(key.SetDword("RootFolderCount", static_cast<DWORD>(count)));
+    Store(R"([FolderDisplay\Root 3] "RootPath"="3")");
     SchemeProperties scheme;
-    scheme.WebLinks = {item.Count, {WebLink(), WebLink()}};
-    EXPECT_EQ(item.Saves, SaveWebLinks("Staff", scheme));
-    ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Staff") + "\\WebLinks",
-               "\"WebLinksCount\"=dword:" + (item.Stored + old) + item.Written);
+    EXPECT_EQ(loads, LoadFolderDisplay("Staff", scheme));
+    EXPECT_EQ(count, scheme.FolderDisplay.Count);
+    EXPECT_EQ(records, scheme.FolderDisplay.Records.size());
+
+    scheme.FolderDisplay.Records.resize(2);
+    DWORD stored = 99;
+    EXPECT_TRUE(key.SetDword("RootFolderCount", stored));
+    EXPECT_EQ(count <= 2, SaveFolderDisplay("Staff", scheme));
+    EXPECT_TRUE(key.GetDword("RootFolderCount", &stored) && static_cast<std::int32_t>(stored) == count);
+    for (int n = 1; n <= 3; ++n)
+      EXPECT_EQ(n <= count || n == 3,
+                RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, (path + "\\Root " + std::to_string(n)).c_str()));
   }
 }
 
-TEST_F(SchemeStorageTest, NamesThatNameNoKeyTouchNothing) {
+TEST_F(SchemeStorageTest, NothingIsTouchedWithoutAKeysNameOrTheShell) {
   WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, DistinctTree(""));
   const std::string before = DumpTree(HKEY_LOCAL_MACHINE, "");
+  const auto named = [](const std::string& name) { return SchemeProperties{name, {}, {}, {}, {}, {}, {}}; };
   for (const std::string& name :
        {std::string(), std::string("Staff\\x"), std::string("a\0b", 3), std::string(256, 'x')}) {
-    SCOPED_TRACE(name);
     SchemeProperties scheme;
-    EXPECT_FALSE(LoadSchemeProperties(name, scheme));
+    EXPECT_FALSE(LoadSchemeProperties(name, scheme) || SaveSchemeProperties(name, named("Staff")) ||
+                 SaveSchemeProperties("Staff", named(name)));
     EXPECT_EQ(SchemeProperties(), scheme);
-    EXPECT_FALSE(SaveSchemeProperties(name, DistinctScheme()));
-    scheme.Name = name;
-    EXPECT_FALSE(SaveSchemeProperties("Staff", scheme));
   }
   EXPECT_EQ(before, DumpTree(HKEY_LOCAL_MACHINE, ""));
-}
 
-TEST_F(SchemeStorageTest, NothingIsWrittenWithoutTheShell) {
   ASSERT_EQ(0, RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software"));
-  SchemeProperties s = DistinctScheme();
-  s.Name = "S";
+  const SchemeProperties s = named("S");
   EXPECT_FALSE(SaveSchemeProperties("S", s) || SaveFolderDisplay("S", s) || SaveWebLinks("S", s) ||
                SaveTabSelection("S", s) || SaveToolBars("S", s) || SaveDefaults("S", s) ||
                SaveFolderRoot("S", 1, {}) || SaveWebLink("S", 1, {}) || SaveToolBarPage("S", 1, {}));

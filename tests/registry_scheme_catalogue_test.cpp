@@ -5,8 +5,11 @@
 #include <cstdio>
 
 #include "registry/registry_paths.h"
+#include "schemefile/record_splitter.h"
+#include "schemefile/record_store.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"
+#include "support/scheme_file_bytes.h"
 
 namespace {
 
@@ -16,14 +19,14 @@ class SchemeCatalogueTest : public RegistryTest {
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, schemes);
     catalogue_.LoadCatalogue(false);
   }
-  // The schemes with their descriptions; behind the bar, what the config hive has.
+  // The schemes with their descriptions, which the config hive has too.
   std::string Listed() const {
-    std::string text;
+    std::string text, hive;
     for (const SchemeProperties& scheme : catalogue_.Schemes)
       text += scheme.Name + ":" + scheme.Description + " ";
-    text += "|";
     for (const ConfigHiveEntry& entry : catalogue_.Config.Entries)
-      text += " " + entry.SchemeName + ":" + entry.ConfigText;
+      hive += entry.SchemeName + ":" + entry.ConfigText + " ";
+    EXPECT_EQ(text, hive);
     return text;
   }
 
@@ -31,15 +34,20 @@ class SchemeCatalogueTest : public RegistryTest {
 };
 
 TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKeyUpToAnOverLongOne) {
+  EXPECT_FALSE(catalogue_.SaveCatalogue());
+  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
   catalogue_.Schemes.resize(3);
   Load(R"(
     @="unnamed" "Gone"="1" "Infants"="For us" "Inf\\Below"="names no key" "Juniors"=hex(1):41
     [infants\Defaults] "DefaultView"="icons" [Juniors] [Unlisted] [Inf\Below])");
-  EXPECT_EQ(":unnamed Infants:For us Juniors:A | :unnamed Infants:For us Juniors:A", Listed());
+  EXPECT_EQ(":unnamed Infants:For us Juniors:A ", Listed());
+  ConfigHive hive;
+  hive.LoadFromRegistry();
+  EXPECT_EQ(catalogue_.Config.Entries, hive.Entries);
   EXPECT_EQ(SchemeDefaults(), catalogue_.Schemes[0].Defaults);
   EXPECT_EQ("icons", catalogue_.Schemes[1].Defaults.DefaultView);
   Load("\"J\"=\"" + std::string(260, 'x') + "\" [J]");
-  EXPECT_EQ(":unnamed Infants:For us | :unnamed Infants:For us", Listed());
+  EXPECT_EQ(":unnamed Infants:For us ", Listed());
 }
 
 TEST_F(SchemeCatalogueTest, MissingSchemesKeyEndsTheProgram) {
@@ -58,51 +66,30 @@ TEST_F(SchemeCatalogueTest, MissingSchemesKeyEndsTheProgram) {
               "Kelvanstead Scheme Manager can not run so will now exit");
 }
 
-TEST_F(SchemeCatalogueTest, SavesEverySchemeBack) {
-  EXPECT_FALSE(catalogue_.SaveCatalogue());
-  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
-  Load(R"("A"="about A" "B"="" [A] [B])");
-  catalogue_.Schemes[0].Defaults.DefaultIconSize = 7;
-  EXPECT_TRUE(catalogue_.SaveCatalogue());
-  SchemeCatalogue again;
-  again.LoadCatalogue(false);
-  EXPECT_EQ(catalogue_.Schemes, again.Schemes);
-}
-
-TEST_F(SchemeCatalogueTest, ProtectedNamesAreComparedWithCase) {
-  WriteTree(HKEY_LOCAL_MACHINE, kProtectedSchemesKey, R"("Default User"=dword:1 "Staff"="")");
-  catalogue_.LoadProtectedSchemes();
-  EXPECT_TRUE(catalogue_.IsProtected("Default User") && catalogue_.IsProtected("Staff"));
-  EXPECT_FALSE(catalogue_.IsProtected("staff"));
-  ASSERT_EQ(0, RegDeleteTreeA(HKEY_LOCAL_MACHINE, kProtectedSchemesKey));
-  catalogue_.LoadProtectedSchemes();  // the old list must not stay
-  EXPECT_FALSE(catalogue_.IsProtected("Staff"));
-}
-
 TEST_F(SchemeCatalogueTest, DeletesASchemeWithAllThatHangsOffIt) {
   // Neighbours in the order of the registry are allocated, in the first, the middle and the last place.
   const std::string kept = R"("0"="" "3"="Staff 2" "6"=")" + std::string(300, 'x') + '"';
-  const std::string allocations =
+  const std::string all =
       kept + R"("1"="Staff" "2"="STAFF" "4"=hex(1):73 74 61 66 66 "5"="staff" "7"="Staff")";
   for (const char* kind : {kClassSchemes, kUserSchemes, kUserGroupSchemes})
-    WriteTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), allocations);
+    WriteTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), all);
   Load(R"(@="unnamed" "Staff"="1" "Staff 2"="2" [Staff 2\Deep] [Staff\Deep 2]
           [Staff\Deep\Deeper\Deepest 1] [Staff\Deep\Deeper\Deepest 2] "x"="y")");
   catalogue_.Schemes.push_back({"staff", {}, {}, {}, {}, {}, {}});
+  catalogue_.Config.Entries.push_back({"staff", ""});
   const std::string before = DumpTree(HKEY_LOCAL_MACHINE, "");
   for (const char* noKey : {"", "Staff\\Deep"}) {
     catalogue_.DeleteScheme(noKey);
     SchemeCatalogue::DeleteSchemeKeyTree(noKey);
   }
   EXPECT_EQ(before, DumpTree(HKEY_LOCAL_MACHINE, ""));
-  EXPECT_EQ(":unnamed Staff:1 Staff 2:2 staff: | :unnamed Staff:1 Staff 2:2", Listed());
+  EXPECT_EQ(":unnamed Staff:1 Staff 2:2 staff: ", Listed());
 
   catalogue_.DeleteScheme("Staff");
   ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"(@="unnamed" "Staff 2"="2" [Staff 2\Deep])");
-  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kClassSchemes), kept);
-  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserSchemes), kept);
-  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes), allocations);
-  EXPECT_EQ(":unnamed Staff 2:2 staff: | :unnamed Staff 2:2", Listed());
+  for (const char* kind : {kClassSchemes, kUserSchemes, kUserGroupSchemes})
+    ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), kind == kUserGroupSchemes ? all : kept);
+  EXPECT_EQ(":unnamed Staff 2:2 staff: ", Listed());
 }
 
 // A first subkey with a long name ends the walk; behind a shorter one it is deleted like any other.
@@ -113,6 +100,36 @@ TEST_F(SchemeCatalogueTest, TreeDeletionKeepsItsLimitOnTheFirstName) {
   for (const char* name : {"A", "B", "C", "D"})
     SchemeCatalogue::DeleteSchemeKeyTree(name);
   ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, "[A] [C]" + longFirst + longBelow);
+}
+
+TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
+  ConfigHive hive{{{"Infants", "For \"us\""}, {"", "blank"}, {"a\\b", "no name"}, {"Juniors", ""}}};
+  DialogScript script;
+  script.ExpectMessage("Settings Problem",
+                       "Caution: There has been a problem setting Software\\Tessaly\\Kelvanstead\\Schemes");
+  EXPECT_FALSE(hive.SaveToRegistry());
+  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
+
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Gone"="stays" "Juniors"=dword:1)");
+  EXPECT_TRUE(hive.SaveToRegistry());
+  ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Infants"="For \"us\"" "Juniors"="" "Gone"="stays")");
+}
+
+TEST(ConfigHiveTest, ReadsAsManyEntriesAsStatedAndThereCanBe) {
+  // The walk over the values would end at a longer text and hide the schemes behind it.
+  const std::string fits(259, 'f');
+  const std::string file =
+      "Config Hive: Config1=Infants; Infants=one; Config2=; =blank; Config3=Juniors; Juniors=" + fits +
+      "x\nScheme Count: The number of schemes=";
+  const std::pair<const char*, std::size_t> counts[] = {{"3", 3}, {"", 0}, {"-1", 0}, {"2000000000", 7}};
+  for (const auto& [stated, read] : counts) {
+    TheRecordStore().Fill(SplitRecords(FileBytes(file + stated)));
+    ConfigHive hive{{{"left", "over"}}};
+    hive.ReadFromFile();
+    std::vector<ConfigHiveEntry> expected{{"Infants", "one"}, {"", "blank"}, {"Juniors", fits}};
+    expected.resize(read, {"", "blank"});
+    EXPECT_EQ(expected, hive.Entries) << stated;
+  }
 }
 
 }  // namespace
