@@ -2,8 +2,6 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "app/main_dialog.h"
 #include "app/main_dialog_ids.h"
 #include "registry/registry_access.h"
