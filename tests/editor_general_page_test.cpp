@@ -10,12 +10,11 @@
 namespace {
 
 // Shows the page for a scheme, lets `act` work on it, confirms, and answers the scheme that comes out.
-SchemeProperties Confirm(
-    SchemeProperties scheme, const DialogScript::Action& act = [](HWND) {}) {
+SchemeProperties Confirm(SchemeProperties scheme, const DialogScript::Action& act = {}) {
   CPage1 page(scheme);
   DialogScript script;
   script.Expect(kSheetTitle, [&act](HWND sheet) {
-    act(PropSheet_GetCurrentPageHwnd(sheet));
+    if (act) act(PropSheet_GetCurrentPageHwnd(sheet));
     Click(sheet, IDOK);
   });
   EXPECT_EQ(ShowInSheet(page), IDOK);
@@ -35,13 +34,7 @@ std::string Lists(HWND page) {
 }
 
 TEST(GeneralPage, FirstTabIsAPositionUntilItIsChosen) {
-  struct {
-    TabSelection tabs;
-    std::uint32_t firstTab;
-    std::vector<int> clicks;
-    const char* lists;
-    std::uint32_t confirmed;
-  } const rows[] = {
+  const std::tuple<TabSelection, std::uint32_t, std::vector<int>, std::string, std::uint32_t> rows[] = {
       {{1, 7, 1}, 2, {}, "Programs [My Files] Links + view", 2},
       {{1, 0, 1}, 2, {}, "[Programs] Links ", 1},
       {{0, 0, 1}, 3, {}, "Links ", 3},
@@ -50,16 +43,16 @@ TEST(GeneralPage, FirstTabIsAPositionUntilItIsChosen) {
       {{1, 1, 1}, 2, {IDC_GENERAL_FILES, IDC_GENERAL_FILES}, "Programs Links [My Files] + view", 2},
       {{1, 1, 1}, 1, {IDC_GENERAL_PROGRAMS}, "[My Files] Links + view", 1},
   };
-  for (const auto& row : rows) {
+  for (const auto& [tabs, firstTab, clicks, lists, confirmed] : rows) {
     SchemeProperties scheme;
-    scheme.Tabs = row.tabs;
-    scheme.Defaults.DefaultFirstTab = row.firstTab;
-    scheme = Confirm(scheme, [&row](HWND page) {
-      for (const int box : row.clicks)
+    scheme.Tabs = tabs;
+    scheme.Defaults.DefaultFirstTab = firstTab;
+    scheme = Confirm(scheme, [&clicks = clicks, &lists = lists](HWND page) {
+      for (const int box : clicks)
         Click(page, box);
-      EXPECT_EQ(Lists(page), row.lists);
+      EXPECT_EQ(Lists(page), lists);
     });
-    EXPECT_EQ(scheme.Defaults.DefaultFirstTab, row.confirmed) << row.lists;
+    EXPECT_EQ(scheme.Defaults.DefaultFirstTab, confirmed) << lists;
   }
 }
 

@@ -13,9 +13,6 @@
 namespace {
 
 constexpr char kExisting[] = "Existing Scheme Properties";
-constexpr char kNew[] = "New Scheme Properties";
-constexpr char kNameProblem[] = "Scheme Name Problem";
-constexpr char kCreation[] = "Scheme Creation";
 
 HWND Page(HWND sheet, int index) {
   PropSheet_SetCurSel(sheet, nullptr, index);
@@ -30,15 +27,6 @@ DialogScript::Action Name(const std::string& name, const std::string& descriptio
     Type(Page(sheet, 0), IDC_GENERAL_NAME, name);
     Type(Page(sheet, 0), IDC_GENERAL_DESCRIPTION, description);
     Click(sheet, button);
-  };
-}
-
-// Answers the dialog about a refused name with another one; Esc first, which is no way out.
-DialogScript::Action Rename(const std::string& name) {
-  return [=](HWND dialog) {
-    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    Type(dialog, IDC_NEW_SCHEME_NAME, name);
-    Click(dialog, IDOK);
   };
 }
 
@@ -58,11 +46,31 @@ class SchemeCommandsTest : public RegistryTest {
     catalogue_.LoadCatalogue(false);
   }
 
-  bool EditStaff(HWND owner = nullptr) { return EditScheme(owner, catalogue_, 1); }
-  std::optional<std::string> Create() { return CreateScheme(nullptr, catalogue_, "Staff"); }
+  // Names that are given one after the other to the dialog about a refused one; Esc first, which is no way
+  // out.
+  void ExpectNameProblems(const std::vector<const char*>& names) {
+    for (const char* name : names) {
+      script_.Expect("Scheme Name Problem", [name](HWND dialog) {
+        SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        Type(dialog, IDC_NEW_SCHEME_NAME, name);
+        Click(dialog, IDOK);
+      });
+    }
+  }
+  bool Edit(DialogScript::Action act, const std::vector<const char*>& names = {}, std::size_t index = 1) {
+    script_.Expect(kExisting, std::move(act));
+    ExpectNameProblems(names);
+    return EditScheme(nullptr, catalogue_, index);
+  }
+  std::optional<std::string> Create(DialogScript::Action choose, DialogScript::Action act,
+                                    const std::vector<const char*>& names = {}) {
+    script_.Expect("Scheme Creation", std::move(choose)).Expect("New Scheme Properties", std::move(act));
+    ExpectNameProblems(names);
+    return CreateScheme(nullptr, catalogue_, "Staff");
+  }
 
-  // The schemes with their descriptions, of the registry after the config hive was saved to it; they have to
-  // be those of the catalogue.
+  // The schemes with their descriptions in the registry, which have to be those of the catalogue, also once
+  // the config hive was saved.
   Names Schemes() {
     EXPECT_TRUE(catalogue_.Config.SaveToRegistry());
     SchemeCatalogue stored;
@@ -78,38 +86,23 @@ class SchemeCommandsTest : public RegistryTest {
   DialogScript script_;
 };
 
-TEST_F(SchemeCommandsTest, CancelledCommandsWriteNothing) {
-  const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kProductKey);
-  script_.Expect(kExisting, Name("Others", "x", IDCANCEL));
-  EXPECT_FALSE(EditStaff());
-  script_.Expect(kCreation, PressOK).Expect(kNew, Name("Others", "x", IDCANCEL));
-  EXPECT_FALSE(Create());
-  EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kProductKey), before);
-}
-
 TEST_F(SchemeCommandsTest, RenamesOnceTheNameIsNeitherBlankNorTaken) {
-  script_.Expect(kExisting, Name("STAFF", "x"));  // not a duplicate of itself
-  EXPECT_TRUE(EditStaff());
+  const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kProductKey);
+  EXPECT_FALSE(Edit(Name("Others", "x", IDCANCEL)));
+  EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kProductKey), before);
+  EXPECT_TRUE(Edit(Name("STAFF", "x")));  // not a duplicate of itself
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "STAFF: x", "Standard: Built in"}));
-  script_.Expect(kExisting, Name("standard", "y"))
-      .Expect(kNameProblem, Rename("  "))
-      .Expect(kNameProblem, Rename("DEFAULT USER"))
-      .Expect(kNameProblem, Rename("Others"));
-  EXPECT_TRUE(EditStaff());
-  // "Default User" has to be named again, and may keep its name.
-  script_.Expect(kExisting, PressOK).Expect(kNameProblem, Rename("Default User"));
-  EXPECT_TRUE(EditScheme(nullptr, catalogue_, 0));
+  EXPECT_TRUE(Edit(Name("standard", "y"), {"  ", "DEFAULT USER", "Others"}));
+  EXPECT_TRUE(Edit(PressOK, {"Default User"}, 0));  // has to be named again, and may keep its name
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Others: y", "Standard: Built in"}));
   // A value that cannot be deleted is not replaced.
   RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, kSchemesKey, "Others");
-  script_.Expect(kExisting, Name("More", "z"));
-  EXPECT_TRUE(EditStaff());
+  EXPECT_TRUE(Edit(Name("More", "z")));
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Standard: Built in"}));
 }
 
 TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
-  const HWND mainWindow =
-      CreateWindowA("STATIC", "", WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+  const HWND owner = CreateWindowA("STATIC", "", WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
   script_.Expect(kExisting, [](HWND sheet) {
     Choose(Page(sheet, 0), IDC_GENERAL_TAB, "My Files");
     for (const int tab : {IDC_GENERAL_PROGRAMS, IDC_GENERAL_FILES, IDC_GENERAL_LINKS})
@@ -121,16 +114,15 @@ TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
   script_.Expect("Tab Selection Error", [&](HWND box) {
     EXPECT_EQ(MessageText(box),
               "You need to select at least one\n\rof the tabs for Programs, Files, or\n\rWeb Links.");
-    EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
-    EXPECT_FALSE(IsWindowEnabled(mainWindow)) << "another command could start meanwhile";
+    EXPECT_FALSE(IsWindowEnabled(owner)) << "another command could start meanwhile";
     Click(box, IDOK);
   });
   script_.Expect(kExisting, [](HWND sheet) {
     Click(Page(sheet, 0), IDC_GENERAL_FILES);
     Click(sheet, IDOK);
   });
-  EXPECT_TRUE(EditStaff(mainWindow));
-  DestroyWindow(mainWindow);
+  EXPECT_TRUE(EditScheme(owner, catalogue_, 1));
+  DestroyWindow(owner);
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "Others: x", "Standard: Built in"}));
   const SchemeProperties& scheme = catalogue_.Schemes[1];
   EXPECT_EQ(scheme.Tabs, (TabSelection{0, 1, 0}));
@@ -139,22 +131,20 @@ TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
 }
 
 TEST_F(SchemeCommandsTest, CreatesFromDefaultUserOrAnyOtherScheme) {
-  script_.Expect(kCreation, PressOK).Expect(kNew, Name("Year 1", "Ours"));
-  EXPECT_EQ(Create(), "Year 1");
+  EXPECT_FALSE(Create(PressOK, Name("Others", "x", IDCANCEL)));
+  EXPECT_EQ(Create(PressOK, Name("Year 1", "Ours")), "Year 1");
   EXPECT_EQ(catalogue_.Schemes.back().Tabs, (TabSelection{1, 0, 1}));
-  script_.Expect(kCreation, [](HWND dialog) {
+  const auto copyStandard = [](HWND dialog) {
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_CREATION_SOURCE)));
     Click(dialog, IDC_CREATION_COPY);
     EXPECT_EQ(ControlText(dialog, IDC_CREATION_SOURCE), "Staff");
     Choose(dialog, IDC_CREATION_SOURCE, "Standard");
     Click(dialog, IDOK);
-  });
-  script_.Expect(kNew, PressOK).Expect(kNameProblem, Rename("Copy"));
-  EXPECT_EQ(Create(), "Copy");
+  };
+  EXPECT_EQ(Create(copyStandard, PressOK, {"Copy"}), "Copy");
   EXPECT_EQ(catalogue_.Schemes.back().Tabs, (TabSelection{0, 1, 0}));
   catalogue_.DeleteScheme("Default User");
-  script_.Expect(kCreation, PressOK).Expect(kNew, Name("Empty", ""));
-  EXPECT_EQ(Create(), "Empty");
+  EXPECT_EQ(Create(PressOK, Name("Empty", "")), "Empty");
   EXPECT_EQ(catalogue_.Schemes.back().Tabs, (TabSelection{1, 1, 1}));
   EXPECT_EQ(Schemes(),
             (Names{"Copy: Built in", "Empty: ", "Staff: Teachers", "Standard: Built in", "Year 1: Ours"}));

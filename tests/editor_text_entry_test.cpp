@@ -33,8 +33,7 @@ void Paste(const TextRule& rule, const std::string& pasted, const Told& told, co
   script.Expect("Scheme Name Problem", [&](HWND window) {
     Type(window, kField, pasted);
     EXPECT_EQ(ControlText(window, kField), left);
-    const auto caret = static_cast<int>(left.size());
-    EXPECT_EQ(SendDlgItemMessageA(window, kField, EM_GETSEL, 0, 0), MAKELRESULT(caret, caret));
+    EXPECT_EQ(SendDlgItemMessageA(window, kField, EM_GETSEL, 0, 0), MAKELONG(left.size(), left.size()));
     Click(window, IDOK);
   });
   for (const auto& [text, field] : told) {

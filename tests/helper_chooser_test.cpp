@@ -1,7 +1,7 @@
 #include <windows.h>
 
-#include <gtest/gtest.h>
-
+#include <iomanip>
+#include <sstream>
 #include <vector>
 
 #include "helper/helper_chooser.h"
@@ -12,17 +12,13 @@
 
 namespace {
 
-// The settings as a tree, with the path as it stands in the registry.
-std::string Setting(std::string path) {
-  for (std::size_t i = 0; (i = path.find('\\', i)) != std::string::npos; i += 2)
-    path.insert(i, 1, '\\');
-  return "[] \"msAgent Path\"=\"" + path + "\"";
+// The settings as a tree.
+std::string Setting(const std::string& path) {
+  return (std::ostringstream() << "[] \"msAgent Path\"=" << std::quoted(path)).str();
 }
 
-std::string WindowsPath(const std::string& helper) {
-  char folder[MAX_PATH] = "";
-  GetWindowsDirectoryA(folder, MAX_PATH);
-  return std::string(folder) + "\\msagent\\chars\\" + helper + ".acs";
+std::string PathOf(const std::string& helper) {
+  return getenv("windir") + ("\\msagent\\chars\\" + helper + ".acs");
 }
 
 // The chosen button, and by it the text, the check marks and the tab stop.
@@ -35,43 +31,36 @@ void ExpectSelected(HWND dialog, const std::string& name) {
   }
 }
 
-class HelperTest : public RegistryTest {
- protected:
-  // Shows the dialog, does something in it, and expects this setting afterwards.
-  void Show(DialogScript::Action action, const std::string& setting) {
-    DialogScript script;
-    script.Expect("Choose an OnScreen Helper", std::move(action));
-    CHelperDialog().DoModal(nullptr);
-    ExpectTree(HKEY_LOCAL_MACHINE, kSettingsKey, setting);
-  }
-};
+// Shows the dialog, does something in it, and expects this setting afterwards.
+void Show(DialogScript::Action action, const std::string& setting) {
+  DialogScript script;
+  script.Expect("Choose an OnScreen Helper", std::move(action));
+  CHelperDialog().DoModal(nullptr);
+  ExpectTree(HKEY_LOCAL_MACHINE, kSettingsKey, setting);
+}
 
-TEST_F(HelperTest, OpensWithTheHelperOfTheSettingAndWritesTheChoiceAtOk) {
+using HelperTest = RegistryTest;
+
+TEST_F(HelperTest, OpensWithTheHelperOfTheSettingOrWritesPeedys) {
   Show([](HWND dialog) { Click(dialog, IDOK); }, "");  // a machine without the shell's settings
-  const struct {
-    const char *Path, *Selected;
-    bool Rewritten;  // at once, to Peedy's path
-  } cases[] = {
-      {".acs", "Peedy", true},
-      {"merlin.acs", "Peedy", true},  // "erlin"
-      {"C:\\Windows\\msagent\\chars\\merlin.acs", "Peedy", true},
-      {"C:\\Windows\\msagent\\chars\\", "Peedy", true},
-      {"D:\\elsewhere\\Genie.acs", "Genie", false},
-      {"xMerlin.txt", "Merlin", false},  // the first letter is lost, the extension is not looked at
+  const std::pair<std::string, std::string> cases[] = {
+      {".acs", ""},
+      {"merlin.acs", ""},  // "erlin"
+      {"C:\\Windows\\msagent\\chars\\merlin.acs", ""},
+      {"C:\\Windows\\msagent\\chars\\", ""},
+      {"D:\\elsewhere\\Genie.acs", "Genie"},
+      {"xMerlin.txt", "Merlin"},  // the first letter is lost, the extension is not looked at
   };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.Path);
-    WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, Setting(test.Path));
-    const std::string opened = Setting(test.Rewritten ? WindowsPath("Peedy") : test.Path);
-    const auto chooseAndLeave = [&](HWND dialog) {
-      ExpectSelected(dialog, test.Selected);
+  for (const auto& [path, named] : cases) {
+    SCOPED_TRACE(path);
+    WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, Setting(path));
+    const auto leave = [&named = named](HWND dialog) {
+      ExpectSelected(dialog, named.empty() ? "Peedy" : named);
       Click(dialog, IDC_HELPER_ROBBY);
       ExpectSelected(dialog, "Robby");
-      ExpectTree(HKEY_LOCAL_MACHINE, kSettingsKey, opened);
       SendMessageA(dialog, WM_CLOSE, 0, 0);
     };
-    Show(chooseAndLeave, opened);
-    Show([](HWND dialog) { Click(dialog, IDOK); }, Setting(WindowsPath(test.Selected)));
+    Show(leave, Setting(named.empty() ? PathOf("Peedy") : path));
   }
   EXPECT_NE(GetModuleHandleA("SHFolder.dll"), nullptr);  // the library of every time but the first
 }
@@ -107,9 +96,9 @@ TEST_F(HelperTest, IsChosenByKeyboardAndCountsNoTerminatingNul) {
     }
     PressKey(VK_RETURN);
   };
-  Show(press, Setting(WindowsPath("Genie")));
+  Show(press, Setting(PathOf("Genie")));
   g_setValue = g_realSetValue;
-  EXPECT_EQ(g_sizes, (std::vector{WindowsPath("Peedy").size(), WindowsPath("Genie").size()}));
+  EXPECT_EQ(g_sizes, (std::vector{PathOf("Peedy").size(), PathOf("Genie").size()}));
 }
 
 TEST(Helper, GroundCarriesBetweenChannels) { EXPECT_EQ(PictureGround(0xF0F0FF), 0xFAFB09u); }
