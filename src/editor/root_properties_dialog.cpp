@@ -21,13 +21,7 @@ namespace {
 
 constexpr std::uint32_t kMostFolderLevels = 99;
 
-struct TextField {
-  int Id;
-  std::string FolderRoot::*Member;
-  const TextRule& Rule;
-};
-
-constexpr TextField kTextFields[] = {
+constexpr TextField<FolderRoot> kTextFields[] = {
     {IDC_ROOT_NAME, &FolderRoot::RootDisplayName, kRootNameRule},
     {IDC_ROOT_PATH, &FolderRoot::RootPath, kRootPathRule},
     {IDC_ROOT_LONG_TOOLTIP, &FolderRoot::LongToolTip, kLongToolTipRule},
@@ -52,8 +46,7 @@ bool CRootPropertiesDialog::OnInitDialog() {
   SetItemText(IDC_FOLDER_LEVELS, std::to_string(root_.FolderLevels));
   SendItem(IDC_FOLDER_LEVELS, EM_LIMITTEXT, std::numeric_limits<std::uint32_t>::digits10);
   CheckItem(IDC_DENY_MODIFY, root_.DenyModify != 0);
-  for (const TextField& field : kTextFields)
-    SetItemText(field.Id, root_.*field.Member);
+  ShowTextFields(Window(), kTextFields, root_);
   Show(closed_);
   Show(open_);
   return true;
@@ -70,13 +63,8 @@ void CRootPropertiesDialog::OnCommand(int id, int code) {
     case IDHELP:
       return OnHelp();
     default:
-      if (code == EN_CHANGE) OnTextChange(id);
+      if (code == EN_CHANGE) ApplyTextRules(Window(), kTextFields, id);
   }
-}
-
-void CRootPropertiesDialog::OnTextChange(int id) {
-  for (const TextField& field : kTextFields)
-    if (field.Id == id) ApplyTextRule(Window(), id, field.Rule);
 }
 
 void CRootPropertiesDialog::BrowseForPath() {
@@ -119,8 +107,7 @@ void CRootPropertiesDialog::OnOK() {
   if (pathMissing) ShowMessage(Window(), "You must enter a path for this root", "Path Error");
   if (nameMissing || pathMissing) return FocusItem(nameMissing ? IDC_ROOT_NAME : IDC_ROOT_PATH);
 
-  for (const TextField& field : kTextFields)
-    root_.*field.Member = ItemText(field.Id);
+  ReadTextFields(Window(), kTextFields, root_);
   root_.FolderLevels = FolderLevels();
   // Whatever stands for yes is kept.
   const bool deny = IsItemChecked(IDC_DENY_MODIFY);

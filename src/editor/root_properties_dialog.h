@@ -26,7 +26,6 @@ class CRootPropertiesDialog : public CDialog {
     UniqueIcon Thumbnail;
   };
 
-  void OnTextChange(int id);
   void BrowseForPath();
   void Choose(Picture& picture);
   void Show(Picture& picture);

@@ -12,13 +12,7 @@
 
 namespace {
 
-struct TextField {
-  int Id;
-  std::string WebLink::*Member;
-  const TextRule& Rule;
-};
-
-constexpr TextField kTextFields[] = {
+constexpr TextField<WebLink> kTextFields[] = {
     {IDC_LINK_NAME, &WebLink::DisplayName, kLinkNameRule},
     {IDC_LINK_URL, &WebLink::URL, kLinkUrlRule},
     {IDC_LINK_LONG_TOOLTIP, &WebLink::LongToolTip, kLongToolTipRule},
@@ -30,20 +24,14 @@ constexpr TextField kTextFields[] = {
 CWebLinkDialog::CWebLinkDialog(WebLink& link) : CDialog(IDD_WEB_LINK), link_(link), pictures_(folders_) {}
 
 bool CWebLinkDialog::OnInitDialog() {
-  for (const TextField& field : kTextFields)
-    SetItemText(field.Id, link_.*field.Member);
+  ShowTextFields(Window(), kTextFields, link_);
   pictures_.Fill(Item(IDC_LINK_PICTURES), Item(IDC_LINK_PICTURE_FILE), folders_.Bitmaps(), link_.IconFile);
   return true;
 }
 
 void CWebLinkDialog::OnCommand(int id, int code) {
   if (id == IDHELP) return OnHelp();
-  if (code == EN_CHANGE) OnTextChange(id);
-}
-
-void CWebLinkDialog::OnTextChange(int id) {
-  for (const TextField& field : kTextFields)
-    if (field.Id == id) ApplyTextRule(Window(), id, field.Rule);
+  if (code == EN_CHANGE) ApplyTextRules(Window(), kTextFields, id);
 }
 
 LRESULT CWebLinkDialog::OnNotify(const NMHDR& header) {
@@ -66,8 +54,7 @@ void CWebLinkDialog::OnOK() {
     SetItemText(IDC_LINK_URL, "");
     return FocusItem(IDC_LINK_URL);
   }
-  for (const TextField& field : kTextFields)
-    link_.*field.Member = ItemText(field.Id);
+  ReadTextFields(Window(), kTextFields, link_);
   link_.IconFile = pictures_.Chosen();
   EndDialog(IDOK);
 }

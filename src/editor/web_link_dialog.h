@@ -18,8 +18,6 @@ class CWebLinkDialog : public CDialog {
   void OnOK() override;
 
  private:
-  void OnTextChange(int id);
-
   WebLink& link_;
   PictureFolders folders_;
   CPictureList pictures_;
