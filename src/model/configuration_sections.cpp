@@ -16,7 +16,7 @@ namespace {
 
 template <class Section>
 std::string SectionPath(const std::string& scheme) {
-  return SchemeKeyPath(scheme) + "\\" + Section::kKeyName;
+  return KeyPath({kSchemesKey, scheme, Section::kKeyName});
 }
 
 bool IsGuardMissing(const char* guard) { return !RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, guard); }

@@ -7,6 +7,7 @@
 
 #include "model/field_storage.h"
 #include "model/scheme_layout.h"
+#include "registry/registry_access.h"
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
 
@@ -14,11 +15,13 @@ namespace {
 
 constexpr std::size_t kMaxNameLength = 255;  // of a registry key
 
-std::string SectionPath(const std::string& name, const char* key) { return SchemeKeyPath(name) + "\\" + key; }
+std::string SectionPath(const std::string& name, const char* key) {
+  return KeyPath({kSchemesKey, name, key});
+}
 
 // `word` ends in the blank that stands before the number.
 std::string RecordPath(const std::string& name, const char* key, const char* word, int number) {
-  return SectionPath(name, key) + "\\" + word + std::to_string(number);
+  return KeyPath({kSchemesKey, name, key, word + std::to_string(number)});
 }
 
 template <class Record, class Fields>
@@ -68,8 +71,8 @@ std::string ToolBarPagePath(const std::string& name, int number) {
   return RecordPath(name, kToolBarsKey, kToolBarPageKey, number);
 }
 
-// The writers of the sections. Whoever calls them has tested MaySave, once: everything that they write lies
-// below the guard key, so no record needs to ask again.
+// The writers. Whoever calls them has tested MaySave, once: everything that they write lies below the guard
+// key, so no record needs to ask again.
 bool WriteFolderDisplay(const std::string& name, const SchemeProperties& scheme) {
   return SaveCountedSection(name, kFolderDisplayLayout, scheme, kFolderRootFields);
 }
@@ -95,6 +98,17 @@ bool WriteToolBars(const std::string& name, const SchemeProperties& scheme) {
 
 bool WriteDefaults(const std::string& name, const SchemeProperties& scheme) {
   return SaveKey(SectionPath(name, kDefaultsKey), scheme.Defaults, kDefaultsSaveFields);
+}
+
+bool WriteSchemeProperties(const std::string& name, const SchemeProperties& scheme) {
+  RegistryKey key(true, SchemeKeyPath(name).c_str(), HKEY_LOCAL_MACHINE);
+  if (!key.SetString("Scheme Name", scheme.Name.c_str(), false)) return false;
+  bool complete = WriteFolderDisplay(scheme.Name, scheme);
+  complete &= WriteWebLinks(scheme.Name, scheme);
+  complete &= WriteTabSelection(scheme.Name, scheme);
+  complete &= WriteToolBars(scheme.Name, scheme);
+  complete &= WriteDefaults(scheme.Name, scheme);
+  return complete;
 }
 
 // Schemes are written only on a machine where the shell is present.
@@ -125,14 +139,16 @@ bool LoadSchemeProperties(const std::string& name, SchemeProperties& scheme) {
 }
 
 bool SaveSchemeProperties(const std::string& name, const SchemeProperties& scheme) {
-  if (!IsSchemeName(scheme.Name) || !MaySave(name)) return false;
-  RegistryKey key(true, SchemeKeyPath(name).c_str(), HKEY_LOCAL_MACHINE);
-  if (!key.SetString("Scheme Name", scheme.Name.c_str(), false)) return false;
-  bool complete = WriteFolderDisplay(scheme.Name, scheme);
-  complete &= WriteWebLinks(scheme.Name, scheme);
-  complete &= WriteTabSelection(scheme.Name, scheme);
-  complete &= WriteToolBars(scheme.Name, scheme);
-  complete &= WriteDefaults(scheme.Name, scheme);
+  return IsSchemeName(scheme.Name) && MaySave(name) && WriteSchemeProperties(name, scheme);
+}
+
+bool SaveSchemes(const std::vector<SchemeProperties>& schemes) {
+  // This key lies below the one that MaySave asks for: where it opens, the shell is present.
+  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
+  if (!key) return false;
+  bool complete = true;
+  for (const SchemeProperties& scheme : schemes)
+    complete &= IsSchemeName(scheme.Name) && WriteSchemeProperties(scheme.Name, scheme);
   return complete;
 }
 

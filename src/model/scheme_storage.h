@@ -12,6 +12,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "model/scheme_properties.h"
 
@@ -29,6 +30,11 @@ bool LoadSchemeProperties(const std::string& name, SchemeProperties& scheme);
 // Writes "Scheme Name" under the key of `name`, then the five sections under the key of scheme.Name. True
 // when everything was written.
 bool SaveSchemeProperties(const std::string& name, const SchemeProperties& scheme);
+
+// Saves every scheme so under its own name, each even if an earlier one failed. Writes nothing, and fails,
+// without the right to change the Schemes key (RegOpenKeyExA with KEY_ALL_ACCESS). Asks for that key once,
+// which stands for the shell's own, too.
+bool SaveSchemes(const std::vector<SchemeProperties>& schemes);
 
 // The sections and records one by one; `number` counts from 1. Loading a record leaves the field of a missing
 // value as it was.

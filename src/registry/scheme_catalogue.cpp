@@ -93,14 +93,7 @@ void SchemeCatalogue::LoadCatalogue(bool reportUnreadable) {
   if (reportUnreadable && !unreadable.empty()) ReportUnreadable(unreadable);
 }
 
-bool SchemeCatalogue::SaveCatalogue() const {
-  const UniqueKey key = OpenWithAllAccess(kSchemesKey);
-  if (!key) return false;
-  bool complete = true;
-  for (const SchemeProperties& scheme : Schemes)
-    complete &= SaveSchemeProperties(scheme.Name, scheme);
-  return complete;
-}
+bool SchemeCatalogue::SaveCatalogue() const { return SaveSchemes(Schemes); }
 
 void SchemeCatalogue::LoadProtectedSchemes() {
   protectedSchemes_.clear();

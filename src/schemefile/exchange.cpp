@@ -5,8 +5,6 @@
 #include "base/message.h"
 #include "controls/progress_bar.h"
 #include "model/scheme_storage.h"
-#include "registry/registry_access.h"
-#include "registry/registry_paths.h"
 #include "schemefile/property_records.h"
 #include "schemefile/record_store.h"
 
@@ -58,9 +56,7 @@ void ImportSchemes(HWND owner, SchemeHive& hive) {
 void ApplyImport(const SchemeHive& hive) {
   // A pair or a scheme that cannot be written is not reported; the rest is written all the same.
   (void)hive.Config.SaveToRegistry();
-  if (!OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS)) return;
-  for (const SchemeProperties& scheme : hive.Schemes)
-    (void)SaveSchemeProperties(scheme.Name, scheme);
+  (void)SaveSchemes(hive.Schemes);
 }
 
 void ShowExportProblem(HWND owner) {
