@@ -54,6 +54,7 @@ CProgressBar::CProgressBar(HWND parent, int, int range, int step, const char* te
   ShowWindow(window_, SW_SHOW);
   UpdateWindow(window_);
   PaintWindows();
+  shown_ = GetTickCount();
 }
 
 CProgressBar::~CProgressBar() {
