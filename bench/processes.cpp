@@ -8,6 +8,7 @@
 namespace {
 
 constexpr DWORD kPatience = 30000;
+constexpr DWORD kSettling = 200;
 
 struct Process {
   UniqueProcess Handle;
@@ -48,6 +49,12 @@ HWND VisibleWindow(DWORD process) {
 
 }  // namespace
 
+std::string ThisProgram(const std::string& arguments) {
+  char path[MAX_PATH];
+  GetModuleFileNameA(nullptr, path, sizeof(path));
+  return std::string("\"") + path + "\" " + arguments;
+}
+
 DWORD RunProcess(const std::string& commandLine) {
   DWORD exitCode = STILL_ACTIVE;
   const Process process = Start(commandLine);
@@ -58,6 +65,7 @@ DWORD RunProcess(const std::string& commandLine) {
 }
 
 double TimeProcess(const std::string& commandLine) {
+  Sleep(kSettling);
   const Stopwatch watch;
   return RunProcess(commandLine) == 0 ? watch.Elapsed() : -1;
 }

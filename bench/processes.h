@@ -3,10 +3,14 @@
 
 #include <string>
 
+// The command line that starts this program once more.
+std::string ThisProgram(const std::string& arguments);
+
 // Runs the program to its end. Answers its exit code, or STILL_ACTIVE when it cannot be started.
 unsigned long RunProcess(const std::string& commandLine);
 
-// Milliseconds from starting the program to its end. Negative when it cannot be started or answers failure.
+// Milliseconds from starting the program to its end, once the system has cleared up after the one before.
+// Negative when it cannot be started or answers failure.
 double TimeProcess(const std::string& commandLine);
 
 // Milliseconds from starting the program until its first window is on the screen; the window is then closed

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -56,10 +56,8 @@ struct TestFile {
   }
 
   void Measure(Report& report) {
-    char program[MAX_PATH];
-    GetModuleFileNameA(nullptr, program, sizeof(program));
-    const DWORD microseconds = RunProcess(std::string("\"") + program + "\" " + kReadCommand + " " + Path +
-                                          " " + std::to_string(Schemes));
+    const DWORD microseconds =
+        RunProcess(ThisProgram(kReadCommand + (" " + Path) + " " + std::to_string(Schemes)));
     report.Demand(microseconds > 0, "The schemes read are not those that were written.");
     Times.Add(microseconds / 1000.0);
   }
@@ -94,10 +92,10 @@ void ReportReading(Report& report) {
 }
 
 int ReadOnce(const char* path, int schemes) {
-  std::ifstream stream(path, std::ios::binary);
-  const std::string file{std::istreambuf_iterator<char>(stream), {}};
   std::vector<SchemeProperties> read;
   const double time = Time([&] {
+    std::string file(std::filesystem::file_size(path), '\0');
+    std::ifstream(path, std::ios::binary).read(file.data(), std::ssize(file));
     RecordStore store;
     store.Fill(SplitRecords(file));
     const std::int32_t count = ReadSchemeCount(store);
