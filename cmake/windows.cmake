@@ -35,7 +35,7 @@ file(GLOB_RECURSE TEST_SOURCES CONFIGURE_DEPENDS tests/*.cpp)
 list(FILTER TEST_SOURCES EXCLUDE REGEX "/tests/fuzz/")
 add_executable(tests ${TEST_SOURCES} $<TARGET_OBJECTS:resources>)
 target_include_directories(tests PRIVATE tests)
-target_link_libraries(tests PRIVATE product gtest)
+target_link_libraries(tests PRIVATE product gtest_main)
 
 file(GLOB BENCH_SOURCES CONFIGURE_DEPENDS bench/*.cpp)
 if(BENCH_SOURCES)

@@ -35,9 +35,9 @@ prepare_prefix() {
   touch "$WINEPREFIX/.prepared"
 }
 
-# desktop_run PROGRAM [ARGUMENT ...]: runs inside a Wine desktop. Without a window manager each window would otherwise
-# wait two seconds for one.
-desktop_run() { wine explorer /desktop=kelvanstead,1024x768 "$@"; }
+# desktop_run LIMIT PROGRAM [ARGUMENT ...]: runs inside a Wine desktop, until the limit of timeout(1) at most. Without a
+# window manager each window would otherwise wait two seconds for one.
+desktop_run() { timeout --foreground "$1" wine explorer /desktop=kelvanstead,1024x768 "${@:2}"; }
 
 # wait_for_window TITLE: until it stands and has had time to paint itself, or a minute is over.
 wait_for_window() {

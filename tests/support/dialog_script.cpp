@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "controls/window_text.h"
-#include "support/watchdog.h"
 
 namespace {
 
@@ -88,8 +87,6 @@ void DialogScript::OnSettled(HWND dialog) {
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);  // a message box with OK only has no Cancel
     return;
   }
-  // Not for a dialog that nobody expected: one that keeps coming back is no progress.
-  Watchdog::Feed();
   const Action action = std::move(steps_.front().action);
   steps_.pop_front();
   action(dialog);

@@ -3,7 +3,7 @@
 // A script is an ordered list of steps, each "when a dialog with this title appears, do this". Steps may
 // nest: an action that clicks a button which opens another dialog returns when that dialog is closed, and the
 // next step belongs to the inner one. A dialog that nobody expected is a failure and is closed; so is, at the
-// script's end, a step that never came. A watchdog ends a test that hangs.
+// script's end, a step that never came.
 //
 //   DialogScript script;
 //   script.Expect("Scheme Deletion", [](HWND box) {
