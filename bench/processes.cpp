@@ -15,12 +15,13 @@ struct Process {
   DWORD Id = 0;
 };
 
+// The program shares this one's console: the host of a console of its own would run beside what is measured.
 Process Start(std::string commandLine) {
   STARTUPINFOA startup = {};
   startup.cb = sizeof(startup);
   PROCESS_INFORMATION started = {};
-  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                      nullptr, &startup, &started)) {
+  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &started)) {
     return {};
   }
   CloseHandle(started.hThread);

@@ -42,5 +42,7 @@ void WriteFields(RecordStore& store, std::string_view owner, const Record& recor
 template <class Record, class Fields>
 void ReadFields(RecordStore& store, std::string_view owner, Record& record, const Fields& fields) {
   for (const Field<Record>& field : fields)
+    store.Prefetch(owner, field.Label);
+  for (const Field<Record>& field : fields)
     ReadField(store, owner, record, field);
 }

@@ -51,6 +51,15 @@ std::int32_t RecordStore::ReadIntRecord(std::string_view key1, std::string_view 
       std::clamp<long long>(std::strtoll(record->Value.c_str(), nullptr, 10), Limits::min(), Limits::max()));
 }
 
+void RecordStore::Prefetch(std::string_view key1, std::string_view key2) const {
+  if (index_.empty()) return;
+  const std::uint32_t position = index_[HashKeys(key1, key2) & (index_.size() - 1)].Position;
+  if (!position) return;
+  const SchemeRecord& record = records_[position - 1];
+  __builtin_prefetch(&record.Key2);
+  __builtin_prefetch(&record.Value);
+}
+
 void RecordStore::ClearRecordStore() {
   index_.clear();
   records_.clear();
