@@ -8,6 +8,7 @@
 #include <fstream>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "processes.h"
@@ -36,12 +37,15 @@ std::string FileOf(const std::vector<SchemeProperties>& schemes, bool shuffled) 
   RecordStore store;
   WriteSchemeCount(store, schemes.size());
   WriteSchemes(store, schemes, [] {});
+  RecordList list;
+  store.FlushRecordStore(list);
   std::vector<SchemeRecord> records;
-  store.FlushRecordStore(records);
+  for (std::size_t i = 0; i < list.Count(); ++i)
+    records.push_back(list[i]);
   if (shuffled) std::shuffle(records.begin(), records.end(), std::mt19937(1));
   std::string file(kSignature);
   for (const SchemeRecord& record : records)
-    file += record.Key1 + record.Key2 + record.Value;
+    file.append(record.Key1).append(record.Key2).append(record.Value);
   return file;
 }
 
@@ -51,7 +55,7 @@ struct TestFile {
         Path(std::string(kFolder) + (shuffled ? "\\shuffled-" : "\\in-order-") + std::to_string(schemes) +
              ".ksf") {
     const std::string bytes = FileOf(SomeSchemes(schemes), shuffled);
-    Records = SplitRecords(bytes).size();
+    Records = SplitRecords(bytes).Count();
     std::ofstream(Path, std::ios::binary) << bytes;
   }
 
@@ -97,7 +101,7 @@ int ReadOnce(const char* path, int schemes) {
     std::string file(std::filesystem::file_size(path), '\0');
     std::ifstream(path, std::ios::binary).read(file.data(), std::ssize(file));
     RecordStore store;
-    store.Fill(SplitRecords(file));
+    store.Fill(SplitRecords(std::move(file)));
     const std::int32_t count = ReadSchemeCount(store);
     read = ReadSchemes(store, count, [] {});
   });

@@ -101,7 +101,8 @@ TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
       {0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 1000, false}, {-1, 0, false}};
   for (const auto& [stated, records, reads] : cases) {
     SCOPED_TRACE(stated);
-    TheRecordStore().Fill({{"S - Folder Display", "RootFoldersCount", std::to_string(stated)}});
+    TheRecordStore().Fill(
+        SplitRecords(FileBytes("S - Folder Display: RootFoldersCount=" + std::to_string(stated))));
     FolderDisplaySection read;
     EXPECT_EQ(reads, read.ReadFromFile("S"));
     EXPECT_EQ(records, read.Roots.size());

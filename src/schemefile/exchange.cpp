@@ -33,7 +33,7 @@ void ExportSchemes(HWND owner, const SchemeHive& hive) {
 void ImportSchemes(HWND owner, SchemeHive& hive) {
   RecordStore& store = TheRecordStore();
   store.Fill(std::move(hive.Records));
-  hive.Records.clear();
+  hive.Records.Clear();
   const std::int32_t count = ReadSchemeCount(store);
   CProgressBar progress = OpenProgress(owner, count, "Loading your file from disk");
   progress.SetAllowCancel(false);

@@ -8,11 +8,11 @@
 
 #include "model/config_hive.h"
 #include "model/scheme_properties.h"
-#include "schemefile/scheme_record.h"
+#include "schemefile/record_list.h"
 
 // The image of one export or import in memory.
 struct SchemeHive {
-  std::vector<SchemeRecord> Records;
+  RecordList Records;
   std::string Label = "Kelvanstead Hive";
   ConfigHive Config;
   std::vector<SchemeProperties> Schemes;

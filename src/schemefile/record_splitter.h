@@ -4,11 +4,10 @@
 // There are no line breaks, no lengths, no count and no trailer.
 #pragma once
 
-#include <cstddef>
+#include <string>
 #include <string_view>
-#include <vector>
 
-#include "schemefile/scheme_record.h"
+#include "schemefile/record_list.h"
 
 // The signature text with its terminator: the first 28 bytes of every scheme file.
 inline constexpr std::string_view kSignature = "Kelvanstead Scheme Manager!\xAC";
@@ -19,4 +18,4 @@ bool HasSignature(std::string_view file);
 // The complete records behind the signature of `file` (which must have it); an incomplete tail is dropped.
 // The search for the first record's first terminator starts one byte into the record, so a first record with
 // an empty Key1 is joined with the field behind it; kept for files of earlier versions.
-std::vector<SchemeRecord> SplitRecords(std::string_view file);
+RecordList SplitRecords(std::string file);

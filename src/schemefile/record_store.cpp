@@ -29,7 +29,7 @@ std::string Terminated(std::string_view text) {
 
 void RecordStore::WriteStringRecord(std::string_view key1, std::string_view key2, std::string_view value) {
   index_.clear();
-  records_.push_back({Terminated(key1), Terminated(key2), Terminated(value)});
+  records_.Append({Terminated(key1), Terminated(key2), Terminated(value)});
 }
 
 void RecordStore::WriteIntRecord(std::string_view key1, std::string_view key2, std::int32_t value) {
@@ -37,52 +37,45 @@ void RecordStore::WriteIntRecord(std::string_view key1, std::string_view key2, s
 }
 
 std::string RecordStore::ReadStringRecord(std::string_view key1, std::string_view key2) {
-  const SchemeRecord* record = Find(key1, key2);
-  ++readCursor_;
-  return record ? record->Value : std::string();
+  return std::string(Find(key1, key2).Value);
 }
 
 std::int32_t RecordStore::ReadIntRecord(std::string_view key1, std::string_view key2) {
-  const SchemeRecord* record = Find(key1, key2);
-  ++readCursor_;
-  if (!record) return 0;
   using Limits = std::numeric_limits<std::int32_t>;
-  return static_cast<std::int32_t>(
-      std::clamp<long long>(std::strtoll(record->Value.c_str(), nullptr, 10), Limits::min(), Limits::max()));
+  return static_cast<std::int32_t>(std::clamp<long long>(
+      std::strtoll(ReadStringRecord(key1, key2).c_str(), nullptr, 10), Limits::min(), Limits::max()));
 }
 
 void RecordStore::Prefetch(std::string_view key1, std::string_view key2) const {
-  if (index_.empty()) return;
+  if (isInOrder_ || index_.empty()) return;
   const std::uint32_t position = index_[HashKeys(key1, key2) & (index_.size() - 1)].Position;
-  if (!position) return;
-  const SchemeRecord& record = records_[position - 1];
-  __builtin_prefetch(&record.Key2);
-  __builtin_prefetch(&record.Value);
+  if (position) records_.Prefetch(position - 1);
 }
 
 void RecordStore::ClearRecordStore() {
   index_.clear();
-  records_.clear();
+  records_.Clear();
 }
 
-std::size_t RecordStore::FlushRecordStore(std::vector<SchemeRecord>& records) const {
+std::size_t RecordStore::FlushRecordStore(RecordList& records) const {
   records = records_;
-  return records.size();
+  return records.Count();
 }
 
-void RecordStore::Fill(std::vector<SchemeRecord> records) {
+void RecordStore::Fill(RecordList records) {
   index_.clear();
   records_ = std::move(records);
   readCursor_ = 0;
 }
 
-const SchemeRecord* RecordStore::Find(std::string_view key1, std::string_view key2) {
-  if (readCursor_ < records_.size() && HasKeys(records_[readCursor_], key1, key2))
-    return &records_[readCursor_];
-  if (records_.empty()) return nullptr;
+SchemeRecord RecordStore::Find(std::string_view key1, std::string_view key2) {
+  const std::size_t cursor = readCursor_++;
+  isInOrder_ = cursor < records_.Count() && HasKeys(records_[cursor], key1, key2);
+  if (isInOrder_) return records_[cursor];
+  if (Count() == 0) return {};
   if (index_.empty()) BuildIndex();
   const std::uint32_t position = FindSlot(HashKeys(key1, key2), key1, key2).Position;
-  return position ? &records_[position - 1] : nullptr;
+  return position ? records_[position - 1] : SchemeRecord();
 }
 
 RecordStore::Slot& RecordStore::FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2) {
@@ -95,11 +88,11 @@ RecordStore::Slot& RecordStore::FindSlot(std::uint32_t hash, std::string_view ke
 }
 
 void RecordStore::BuildIndex() {
-  index_.resize(std::bit_ceil(records_.size() * 2));
-  std::uint32_t position = 0;
-  for (const SchemeRecord& record : records_) {
-    const std::uint32_t hash = HashKeys(record.Key1, record.Key2);
-    FindSlot(hash, record.Key1, record.Key2) = {hash, ++position};
+  index_.resize(std::bit_ceil(Count() * 2));
+  for (std::uint32_t position = 0; position < Count();) {
+    const auto [key1, key2, value] = records_[position];
+    const std::uint32_t hash = HashKeys(key1, key2);
+    FindSlot(hash, key1, key2) = {hash, ++position};
   }
 }
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "schemefile/scheme_record.h"
+#include "schemefile/record_list.h"
 
 class RecordStore {
  public:
@@ -35,12 +35,12 @@ class RecordStore {
   void ClearRecordStore();
   void ResetReadCursor() { readCursor_ = 0; }
   // Makes `records` a copy of the store's records, in order. Answers their number.
-  std::size_t FlushRecordStore(std::vector<SchemeRecord>& records) const;
+  std::size_t FlushRecordStore(RecordList& records) const;
 
   // Replaces the store's records by those of a file and sets the read cursor to 0.
-  void Fill(std::vector<SchemeRecord> records);
+  void Fill(RecordList records);
 
-  std::size_t Count() const { return records_.size(); }
+  std::size_t Count() const { return records_.Count(); }
   std::uint32_t ReadCursor() const { return readCursor_; }
 
   // Never set by any operation; export and import ask for them at their ends all the same.
@@ -55,13 +55,15 @@ class RecordStore {
     std::uint32_t Position = 0;
   };
 
-  const SchemeRecord* Find(std::string_view key1, std::string_view key2);
+  // The record that a look-up answers; an empty one when there is none. Moves the cursor.
+  SchemeRecord Find(std::string_view key1, std::string_view key2);
   // The slot of a record with these keys, or the free one where it belongs.
   Slot& FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2);
   void BuildIndex();
 
-  std::vector<SchemeRecord> records_;
+  RecordList records_;
   std::uint32_t readCursor_ = 0;
+  bool isInOrder_ = true;  // the last look-up found its record at the cursor
   // A hash table with linear probing that leads to the last record with certain keys. Its size is a power of
   // two. Empty until a look-up misses the cursor, and again after every change of the list.
   std::vector<Slot> index_;

@@ -23,8 +23,8 @@ constexpr int kWritable = 2;
 constexpr LONGLONG kMaxFileSize = 0x7FFFFFFE;  // the longest text of a 32-bit process
 constexpr std::size_t kWriteSize = 1 << 20;
 
-// Some 40,000 schemes. A damaged file may hold little but terminators, and records in memory take thirty
-// times as much as those on disk.
+// Some 40,000 schemes. A damaged file may hold little but terminators, and records in memory take ten times
+// as much as those on disk.
 constexpr std::ptrdiff_t kMaxFields = 12'000'000;
 
 bool WriteAll(HANDLE file, const std::string& bytes) {
@@ -58,7 +58,7 @@ std::size_t SchemeFile::Save() {
   ExportSchemes(owner_, hive);
   TheRecordStore().FlushRecordStore(hive.Records);
   records_ = std::move(hive.Records);
-  return records_.size();
+  return records_.Count();
 }
 
 bool SchemeFile::Write(const std::string& folder, const std::string& path) const {
@@ -67,7 +67,8 @@ bool SchemeFile::Write(const std::string& folder, const std::string& path) const
                               FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return false;
   std::string buffer(kSignature);
-  for (const SchemeRecord& record : records_) {
+  for (std::size_t i = 0; i < records_.Count(); ++i) {
+    const SchemeRecord record = records_[i];
     buffer.append(record.Key1).append(record.Key2).append(record.Value);
     if (buffer.size() < kWriteSize) continue;
     if (!WriteAll(file.Get(), buffer)) return false;
@@ -83,7 +84,7 @@ void SchemeFile::Remove(const std::string& path) {
 }
 
 std::size_t SchemeFile::Read(const std::string& testPath, const std::string& path) {
-  records_.clear();
+  records_.Clear();
   try {
     if (_access(testPath.c_str(), kWritable) == 0) {
       if (const std::optional<std::size_t> count = Import(path)) return *count;
@@ -108,9 +109,8 @@ std::optional<std::size_t> SchemeFile::Import(const std::string& path) {
   }
   if (std::count(file->begin(), file->end(), kFieldTerminator) > kMaxFields) return std::nullopt;
   SchemeHive hive;
-  hive.Records = SplitRecords(*file);
-  file.reset();
-  const std::size_t count = hive.Records.size();
+  hive.Records = SplitRecords(*std::move(file));
+  const std::size_t count = hive.Records.Count();
   ImportSchemes(owner_, hive);
   ApplyImport(hive);
   return count;

@@ -6,9 +6,8 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "schemefile/scheme_record.h"
+#include "schemefile/record_list.h"
 
 // Made for one export or import. Messages and the progress window are shown over `owner`.
 class SchemeFile {
@@ -39,5 +38,5 @@ class SchemeFile {
   std::optional<std::size_t> Import(const std::string& path);
 
   const HWND owner_;
-  std::vector<SchemeRecord> records_;
+  RecordList records_;
 };

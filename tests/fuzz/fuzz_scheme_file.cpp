@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -19,31 +20,32 @@ void Require(bool condition) {
 }
 
 // What a look-up must answer, found the slow way.
-const std::string* LastMatch(const std::vector<SchemeRecord>& records, const SchemeRecord& asked) {
-  const std::string* value = nullptr;
-  for (const SchemeRecord& record : records) {
-    if (record.Key1 == asked.Key1 && record.Key2 == asked.Key2) value = &record.Value;
+std::string_view LastMatch(const RecordList& records, const SchemeRecord& asked) {
+  std::string_view value;
+  for (std::size_t i = 0; i < records.Count(); ++i) {
+    if (records[i].Key1 == asked.Key1 && records[i].Key2 == asked.Key2) value = records[i].Value;
   }
   return value;
 }
 
 // Looks every record up in the order of the file, where each stands at the cursor, and from the last to the
 // first, where hardly any does.
-void LookUp(const std::vector<SchemeRecord>& records) {
+void LookUp(const RecordList& records) {
   RecordStore store;
   store.Fill(records);
-  for (const SchemeRecord& record : records) {
-    Require(store.ReadStringRecord(record.Key1, record.Key2) == record.Value);
+  for (std::size_t i = 0; i < records.Count(); ++i) {
+    Require(store.ReadStringRecord(records[i].Key1, records[i].Key2) == records[i].Value);
   }
-  Require(store.ReadCursor() == records.size());
+  Require(store.ReadCursor() == records.Count());
   constexpr std::size_t kMostComparedSlowly = 50;
-  const std::size_t count = std::min(records.size(), kMostComparedSlowly);
+  const std::size_t count = std::min(records.Count(), kMostComparedSlowly);
   for (std::size_t i = count; i-- > 0;) {
-    Require(store.ReadStringRecord(records[i].Key1, records[i].Key2) == *LastMatch(records, records[i]));
+    store.Prefetch(records[i].Key1, records[i].Key2);
+    Require(store.ReadStringRecord(records[i].Key1, records[i].Key2) == LastMatch(records, records[i]));
   }
 }
 
-void Import(std::vector<SchemeRecord> records) {
+void Import(RecordList records) {
   constexpr std::int32_t kMostSchemes = 4;
   RecordStore store;
   store.Fill(std::move(records));
@@ -67,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string file(reinterpret_cast<const char*>(data), size);
   // Most inputs would end here; they do more good as the records of a sound file.
   if (!HasSignature(file)) file.insert(0, kSignature);
-  std::vector<SchemeRecord> records = SplitRecords(file);
+  RecordList records = SplitRecords(std::move(file));
   LookUp(records);
   Import(std::move(records));
   return 0;

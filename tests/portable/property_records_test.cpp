@@ -25,7 +25,7 @@ SchemeProperties Scheme(const std::string& name, std::size_t roots, std::size_t 
 }
 
 // The records as a file holds them once it is written and split.
-std::vector<SchemeRecord> ThroughFile(const RecordStore& store) { return SplitRecords(FileBytes(store)); }
+RecordList ThroughFile(const RecordStore& store) { return SplitRecords(FileBytes(store)); }
 
 TEST(PropertyRecordsTest, ReadsBackWhatItWroteInAnyOrderOfTheFile) {
   // Names that are prefixes of one another, or hold what separates a name from a label.
@@ -34,10 +34,11 @@ TEST(PropertyRecordsTest, ReadsBackWhatItWroteInAnyOrderOfTheFile) {
   RecordStore store;
   WriteSchemeCount(store, schemes.size());
   WriteSchemes(store, schemes, [] {});
-  std::vector<SchemeRecord> records = ThroughFile(store);
+  const RecordList file = ThroughFile(store);
+  std::vector<SchemeRecord> records = Records(file);
   for (const bool shuffled : {false, true}) {
     if (shuffled) std::shuffle(records.begin(), records.end(), std::mt19937(1));
-    store.Fill(records);
+    store.Fill(ListOf(records));
     int steps = 0;
     EXPECT_EQ(ReadSchemes(store, ReadSchemeCount(store), [&] { ++steps; }), schemes);
     EXPECT_EQ(steps, 3);
@@ -56,12 +57,13 @@ TEST(PropertyRecordsTest, CountsAgreeWithTheListsWhateverTheFileStates) {
   stored.FolderDisplay.Count = stored.WebLinks.Count = 9;  // nothing is written beyond the lists
   RecordStore store;
   WritePropertyRecords(store, stored);
-  std::vector<SchemeRecord> records = ThroughFile(store);
+  const RecordList sound = ThroughFile(store);
+  std::vector<SchemeRecord> records = Records(sound);
   for (const auto& file : cases) {
     for (SchemeRecord& record : records) {
       if (record.Key2 == "RootFoldersCount" || record.Key2 == "WeblinksCount") record.Value = file.stated;
     }
-    store.Fill(records);
+    store.Fill(ListOf(records));
     SchemeProperties expected = Scheme("S", 2, 2), scheme = Scheme("S", 7, 7);
     expected.FolderDisplay.Records.resize(file.read);
     expected.FolderDisplay.Assign(expected.FolderDisplay.Records);
@@ -78,7 +80,7 @@ TEST(PropertyRecordsTest, GivesUpOnAFileThatStatesMostlyMissingRecords) {
   records[0] = {"Scheme Count", "The number of schemes", "2000000000"};
   records[1] = {" - FolderDisplay", "RootFoldersCount", "1000"};
   RecordStore store;
-  store.Fill(std::move(records));
+  store.Fill(ListOf(records));
   EXPECT_EQ(ReadSchemeCount(store), 50000);
   EXPECT_LT(ReadSchemes(store, 50000, [] {}).size(), 130u);
 }

@@ -6,6 +6,8 @@
 
 namespace {
 
+using namespace std::literals;
+
 TEST(RecordSplitterTest, KnowsTheSignature) {
   const std::string signature = Bytes("Kelvanstead Scheme Manager!|");
   EXPECT_TRUE(HasSignature(signature));
@@ -29,13 +31,18 @@ TEST(RecordSplitterTest, SplitsWhatStandsBehindTheSignature) {
       {"a|b|c|", {{"a", "b", "c"}}},
       {"a|b|c|d|e|f", {{"a", "b", "c"}}},
       {"a||||||b|||", {{"a", "", ""}, {"", "", ""}, {"b", "", ""}}},
-      {"|b|c|d|e|f|g|", {{Bytes("|b"), "c", "d"}, {"e", "f", "g"}}},
-      {"||||", {{Bytes("|"), "", ""}}},
+      {"|b|c|d|e|f|g|",
+       {{"\xAC"
+         "b",
+         "c", "d"},
+        {"e", "f", "g"}}},
+      {"||||", {{"\xAC", "", ""}}},
       {"a|b|c|c|d|e|f|", {{"a", "b", "c"}, {"c", "d", "e"}}},
-      {std::string("a\0|b\r\n|\0|", 9), {{std::string("a\0", 2), "b\r\n", std::string("\0", 1)}}},
+      {std::string("a\0|b\r\n|\0|", 9), {{"a\0"sv, "b\r\n", "\0"sv}}},
   };
   for (const auto& file : cases) {
-    EXPECT_EQ(SplitRecords(std::string(kSignature) + Bytes(file.body)), file.records) << file.body;
+    const RecordList split = SplitRecords(std::string(kSignature) + Bytes(file.body));
+    EXPECT_EQ(Records(split), file.records) << file.body;
   }
 }
 

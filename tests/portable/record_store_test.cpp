@@ -3,19 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string_view>
+
+#include "support/scheme_file_bytes.h"
 
 namespace {
+
+constexpr std::string_view kWithNul("1\0", 2);
 
 // A wrong order of the two look-ups, a first match instead of the last, keys compared in part, and a cursor
 // that follows the record found all show in the answers of such a walk.
 TEST(RecordStoreTest, LooksAtTheCursorFirstThenForTheLastMatch) {
   RecordStore store;
   EXPECT_EQ(store.ReadStringRecord("a", "1"), "");
-  store.Fill(
-      {{"a", "1", "first"}, {"b", "1", "other"}, {"a", "1", "last"}, {"c", std::string("1\0", 2), "end"}});
+  store.Fill(ListOf({{"a", "1", "first"}, {"b", "1", "other"}, {"a", "1", "last"}, {"c", kWithNul, "end"}}));
   const struct {
     std::string key1, key2, answer;
-  } walk[] = {{"a", "1", "first"}, {"a", "1", "last"}, {"c", std::string("1\0", 2), "end"},
+  } walk[] = {{"a", "1", "first"}, {"a", "1", "last"}, {"c", std::string(kWithNul), "end"},
               {"c", "1", ""},      {"B", "1", ""},     {"b1", "", ""},
               {"1", "b", ""},      {"b", "1", "other"}};
   for (const auto& asked : walk)
@@ -33,13 +37,13 @@ TEST(RecordStoreTest, FindsWhatWasAddedOrRemovedSinceTheLastLookUp) {
     EXPECT_EQ(store.ReadIntRecord("n\xAC", "0\xAC"), 0);
   }
   EXPECT_EQ(store.ReadStringRecord("n", "99"), "");  // what is written ends in the terminator, keys included
-  std::vector<SchemeRecord> records = {{"old", "", ""}};
+  RecordList records = ListOf({{"old", "", ""}});
   EXPECT_EQ(store.FlushRecordStore(records), 100u);
   EXPECT_EQ(records[99], (SchemeRecord{"n\xAC", "99\xAC", "-99\xAC"}));
   store.ClearRecordStore();
   EXPECT_EQ(store.ReadStringRecord("n\xAC", "99\xAC"), "");
   for (const char* file : {"one", "two"}) {
-    store.Fill({{"before", "", ""}, {file, "", "found"}});
+    store.Fill(ListOf({{"before", "", ""}, {file, "", "found"}}));
     EXPECT_EQ(store.ReadStringRecord(file, ""), "found");
   }
 }
@@ -59,7 +63,7 @@ TEST(RecordStoreTest, NumbersAreReadAsAtoiDoes) {
                                                         {"99999999999999999999", kMax}};
   for (const auto& [text, number] : cases) {
     RecordStore store;
-    store.Fill({{"a", "b", text}});
+    store.Fill(ListOf({{"a", "b", text}}));
     EXPECT_EQ(store.ReadIntRecord("a", "b"), number) << text;
   }
 }

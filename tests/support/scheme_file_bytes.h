@@ -35,12 +35,27 @@ inline std::string FileBytes(const std::string& text) {
   return Bytes(file);
 }
 
+// The records of a list, whose texts stay with it.
+inline std::vector<SchemeRecord> Records(const RecordList& list) {
+  std::vector<SchemeRecord> records;
+  for (std::size_t i = 0; i < list.Count(); ++i)
+    records.push_back(list[i]);
+  return records;
+}
+
+inline RecordList ListOf(const std::vector<SchemeRecord>& records) {
+  RecordList list;
+  for (const SchemeRecord& record : records)
+    list.Append(record);
+  return list;
+}
+
 // The bytes of a file with the records of a store.
 inline std::string FileBytes(const RecordStore& store) {
-  std::vector<SchemeRecord> records;
+  RecordList records;
   store.FlushRecordStore(records);
   std::string file(kSignature);
-  for (const SchemeRecord& record : records)
-    file += record.Key1 + record.Key2 + record.Value;
+  for (const SchemeRecord& record : Records(records))
+    file.append(record.Key1).append(record.Key2).append(record.Value);
   return file;
 }
