@@ -119,12 +119,12 @@ void ReportExchange(Report& report) {
   report.Times("start of the import", ours.ImportStarts);
   report.Times("start of `reg import`", reg.ImportStarts);
 
-  const double exported = ours.ExportWork().Median(), imported = ours.ImportWork().Median();
+  const Series exported = ours.ExportWork(), imported = ours.ImportWork();
   report.Table("Compared", "ratio | measured | at most | ");
-  report.Target("export to `reg export`", exported / reg.ExportWork().Median(), 1);
-  report.Target("import to `reg import`", imported / reg.ImportWork().Median(), 1);
-  report.Row("export to bare walk | %.2f | - | ", exported / reads.Median());
-  report.Row("import to bare walk | %.2f | - | ", imported / writes.Median());
+  report.Target("export to `reg export`", exported.Over(reg.ExportWork()).Median(), 1);
+  report.Target("import to `reg import`", imported.Over(reg.ImportWork()).Median(), 1);
+  report.Row("export to bare walk | %.2f | - | ", exported.Over(reads).Median());
+  report.Row("import to bare walk | %.2f | - | ", imported.Over(writes).Median());
 }
 
 void ReportCalls(Report& report, const char* what) {

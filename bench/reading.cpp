@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/config_hive.h"
 #include "processes.h"
 #include "schemefile/property_records.h"
 #include "schemefile/record_splitter.h"
@@ -34,7 +35,12 @@ std::vector<SchemeProperties> SomeSchemes(int count) {
 }
 
 std::string FileOf(const std::vector<SchemeProperties>& schemes, bool shuffled) {
-  RecordStore store;
+  ConfigHive config;
+  for (const SchemeProperties& scheme : schemes)
+    config.Entries.push_back({scheme.Name, "For " + scheme.Name});
+  RecordStore& store = TheRecordStore();
+  store.ClearRecordStore();
+  config.WriteToFile();
   WriteSchemeCount(store, schemes.size());
   WriteSchemes(store, schemes, [] {});
   RecordList list;
@@ -100,9 +106,12 @@ int ReadOnce(const char* path, int schemes) {
   const double time = Time([&] {
     std::string file(std::filesystem::file_size(path), '\0');
     std::ifstream(path, std::ios::binary).read(file.data(), std::ssize(file));
-    RecordStore store;
+    RecordStore& store = TheRecordStore();
     store.Fill(SplitRecords(std::move(file)));
     const std::int32_t count = ReadSchemeCount(store);
+    store.ResetReadCursor();
+    ConfigHive config;
+    config.ReadFromFile();
     read = ReadSchemes(store, count, [] {});
   });
   return read == SomeSchemes(schemes) ? static_cast<int>(time * 1000) : 0;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 #include <vector>
 
 class Stopwatch {
@@ -22,7 +23,7 @@ double Time(Work work) {
   return watch.Elapsed();
 }
 
-// The times of one piece of work.
+// The times of one piece of work, one a round.
 class Series {
  public:
   void Add(double time) { times_.push_back(time); }
@@ -32,6 +33,14 @@ class Series {
     const auto middle = times.begin() + std::ssize(times) / 2;
     std::nth_element(times.begin(), middle, times.end());
     return *middle;
+  }
+  // How many times as long as the other each took, round by round: the machine's moods of the hour cancel
+  // out.
+  Series Over(const Series& other) const {
+    Series ratios;
+    for (std::size_t i = 0; i < times_.size(); ++i)
+      ratios.Add(times_[i] / other.times_[i]);
+    return ratios;
   }
   // The same without what every time includes.
   Series Less(double part) const {
