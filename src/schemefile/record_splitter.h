@@ -15,7 +15,8 @@ inline constexpr std::string_view kSignature = "Kelvanstead Scheme Manager!\xAC"
 // Whether `file` begins with the signature, byte for byte. False when it is shorter.
 bool HasSignature(std::string_view file);
 
-// The complete records behind the signature of `file` (which must have it); an incomplete tail is dropped.
+// The complete records behind the signature of `file` (which must have it), in the file's own bytes: move it
+// in, and nothing is copied. An incomplete tail is dropped.
 // The search for the first record's first terminator starts one byte into the record, so a first record with
 // an empty Key1 is joined with the field behind it; kept for files of earlier versions.
 RecordList SplitRecords(std::string file);
