@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "model/config_hive.h"
+#include "model/property_records.h"
 #include "processes.h"
-#include "schemefile/property_records.h"
-#include "schemefile/record_splitter.h"
+#include "schemefile/records/record_splitter.h"
 #include "stopwatch.h"
 
 namespace {

@@ -8,9 +8,9 @@
 #include <functional>
 
 #include "allocation/account_detection.h"
-#include "allocation/allocation_dialog.h"
-#include "allocation/allocation_dialog_ids.h"
-#include "allocation/scheme_selector_ids.h"
+#include "allocation/dialog/allocation_dialog.h"
+#include "allocation/dialog/allocation_dialog_ids.h"
+#include "allocation/dialog/scheme_selector_ids.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"

@@ -4,8 +4,8 @@
 #include <sstream>
 #include <vector>
 
-#include "helper/helper_chooser.h"
-#include "helper/helper_chooser_ids.h"
+#include "helper/dialog/helper_chooser.h"
+#include "helper/dialog/helper_chooser_ids.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"

@@ -5,8 +5,8 @@
 #include <tuple>
 
 #include "registry/registry_paths.h"
-#include "schemefile/record_splitter.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_splitter.h"
+#include "schemefile/records/record_store.h"
 #include "support/dialog_script.h"
 #include "support/numbered_values.h"
 #include "support/registry_test.h"

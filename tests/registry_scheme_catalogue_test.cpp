@@ -1,12 +1,12 @@
-#include "registry/scheme_catalogue.h"
+#include "registry/catalogue/scheme_catalogue.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
 #include "registry/registry_paths.h"
-#include "schemefile/record_splitter.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_splitter.h"
+#include "schemefile/records/record_store.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"
 #include "support/scheme_file_bytes.h"

@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "app/exchange_commands.h"
 #include "controls/progress_bar_ids.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
-#include "schemefile/exchange_commands.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_store.h"
 #include "schemefile/scheme_file.h"
 #include "support/dialog_script.h"
 #include "support/registry_test.h"

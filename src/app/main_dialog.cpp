@@ -6,17 +6,17 @@
 #include <algorithm>
 #include <utility>
 
-#include "allocation/allocation_dialog.h"
+#include "allocation/dialog/allocation_dialog.h"
 #include "app/about_dialog.h"
+#include "app/exchange_commands.h"
 #include "app/main_dialog_ids.h"
 #include "app/settings.h"
-#include "base/message.h"
 #include "controls/list_view.h"
+#include "controls/message.h"
 #include "editor/scheme_commands.h"
-#include "helper/helper_chooser.h"
+#include "helper/dialog/helper_chooser.h"
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
-#include "schemefile/exchange_commands.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "base/unique_handle.h"
 #include "controls/dialog.h"
 #include "controls/image_button.h"
-#include "registry/scheme_catalogue.h"
+#include "registry/catalogue/scheme_catalogue.h"
 
 class CMainDialog : public CDialog {
  public:

@@ -5,7 +5,7 @@
 #include <io.h>
 #include <shellapi.h>
 
-#include "base/message.h"
+#include "controls/message.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 

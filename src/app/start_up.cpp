@@ -9,10 +9,10 @@
 
 #include "app/main_dialog.h"
 #include "app/settings.h"
-#include "base/message.h"
 #include "base/unique_handle.h"
+#include "controls/message.h"
+#include "registry/catalogue/scheme_catalogue.h"
 #include "registry/registry_access.h"
-#include "registry/scheme_catalogue.h"
 
 namespace {
 

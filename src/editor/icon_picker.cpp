@@ -6,7 +6,7 @@
 #include <commdlg.h>
 
 #include "app/settings.h"
-#include "base/message.h"
+#include "controls/message.h"
 #include "controls/working_folder.h"
 #include "editor/icon_picker_ids.h"
 #include "editor/thumbnail.h"

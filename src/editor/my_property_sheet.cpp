@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "app/settings.h"
-#include "base/message.h"
+#include "controls/message.h"
 
 CMyPropertySheet::CMyPropertySheet(std::string title, const SchemeProperties& scheme)
     : CPropertySheet(std::move(title)), general_(scheme) {

@@ -9,8 +9,8 @@
 #include <limits>
 
 #include "app/settings.h"
-#include "base/message.h"
 #include "controls/dir_dlg.h"
+#include "controls/message.h"
 #include "editor/icon_picker.h"
 #include "editor/root_properties_dialog_ids.h"
 #include "editor/text_entry.h"

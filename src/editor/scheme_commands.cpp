@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "base/message.h"
+#include "controls/message.h"
 #include "editor/my_property_sheet.h"
 #include "editor/scheme_creation_dialog.h"
 #include "editor/scheme_name_dialog.h"

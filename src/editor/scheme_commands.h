@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-#include "registry/scheme_catalogue.h"
+#include "registry/catalogue/scheme_catalogue.h"
 
 // Edits the scheme at `index` of the catalogue; a built-in one is refused with a message. True when the user
 // confirmed: then catalogue.Schemes[index] is the edited scheme, unless the catalogue was loaded afresh.

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/message.h"
+#include "controls/message.h"
 #include "controls/window_text.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <commctrl.h>
 
 #include "app/settings.h"
-#include "base/message.h"
+#include "controls/message.h"
 #include "editor/text_entry.h"
 #include "editor/web_link_dialog_ids.h"
 #include "resources/resource_ids.h"

@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
+#include "model/property_records.h"
 #include "model/scheme_storage.h"
 #include "model/settings_caution.h"
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
-#include "schemefile/property_records.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_store.h"
 
 namespace {
 

@@ -5,12 +5,12 @@
 #include <algorithm>
 
 #include "model/configuration_layout.h"
+#include "model/field_records.h"
 #include "model/field_storage.h"
 #include "model/scheme_storage.h"
 #include "model/settings_caution.h"
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
-#include "schemefile/field_records.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "base/message.h"
+#include "controls/message.h"
 
 void ShowSettingsCaution(const std::string& keyPath) {
   ShowMessage(GetActiveWindow(), "Caution: There has been a problem setting " + keyPath, "Settings Problem");

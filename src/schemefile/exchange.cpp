@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "base/message.h"
+#include "controls/message.h"
 #include "controls/progress_bar.h"
+#include "model/property_records.h"
 #include "model/scheme_storage.h"
-#include "schemefile/property_records.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_store.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "model/config_hive.h"
 #include "model/scheme_properties.h"
-#include "schemefile/record_list.h"
+#include "schemefile/records/record_list.h"
 
 // The image of one export or import in memory.
 struct SchemeHive {

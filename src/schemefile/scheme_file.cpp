@@ -8,12 +8,12 @@
 #include <optional>
 #include <utility>
 
-#include "base/message.h"
 #include "base/unique_handle.h"
-#include "registry/scheme_catalogue.h"
+#include "controls/message.h"
+#include "registry/catalogue/scheme_catalogue.h"
 #include "schemefile/exchange.h"
-#include "schemefile/record_splitter.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_splitter.h"
+#include "schemefile/records/record_store.h"
 
 namespace {
 

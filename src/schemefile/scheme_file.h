@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "schemefile/record_list.h"
+#include "schemefile/records/record_list.h"
 
 // Made for one export or import. Messages and the progress window are shown over `owner`.
 class SchemeFile {

@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "schemefile/property_records.h"
-#include "schemefile/record_splitter.h"
-#include "schemefile/record_store.h"
+#include "model/property_records.h"
+#include "schemefile/records/record_splitter.h"
+#include "schemefile/records/record_store.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
-#include "schemefile/property_records.h"
+#include "model/property_records.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
-#include "schemefile/record_splitter.h"
+#include "schemefile/records/record_splitter.h"
 #include "support/scheme_file_bytes.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "schemefile/record_splitter.h"
+#include "schemefile/records/record_splitter.h"
 
 #include <gtest/gtest.h>
 

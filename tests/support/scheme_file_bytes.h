@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "schemefile/record_splitter.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_splitter.h"
+#include "schemefile/records/record_store.h"
 
 // '|' stands for the byte that ends a field.
 inline std::string Bytes(std::string text) {

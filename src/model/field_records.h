@@ -6,7 +6,7 @@
 #include <variant>
 
 #include "model/field.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_store.h"
 
 // Appends the record (`owner`, the row's label, the value of the row's member). Numbers are written in signed
 // decimal: 0xFFFFFFFF as "-1".

@@ -1,8 +1,8 @@
-#include "registry/scheme_catalogue.h"
+#include "registry/catalogue/scheme_catalogue.h"
 
 #include <windows.h>
 
-#include "base/message.h"
+#include "controls/message.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"

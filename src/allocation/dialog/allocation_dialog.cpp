@@ -1,4 +1,4 @@
-#include "allocation/allocation_dialog.h"
+#include "allocation/dialog/allocation_dialog.h"
 
 #include <windows.h>
 
@@ -7,9 +7,9 @@
 #include <algorithm>
 
 #include "allocation/account_detection.h"
-#include "allocation/allocation_dialog_ids.h"
+#include "allocation/dialog/allocation_dialog_ids.h"
+#include "allocation/dialog/scheme_selector.h"
 #include "allocation/environment_code.h"
-#include "allocation/scheme_selector.h"
 #include "base/unique_handle.h"
 #include "controls/list_view.h"
 #include "resources/picture_ids.h"

@@ -1,4 +1,4 @@
-#include "schemefile/record_list.h"
+#include "schemefile/records/record_list.h"
 
 SchemeRecord RecordList::operator[](std::size_t position) const {
   const Place& place = places_[position];

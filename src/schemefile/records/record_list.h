@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "schemefile/scheme_record.h"
+#include "schemefile/records/scheme_record.h"
 
 class RecordList {
  public:

@@ -1,12 +1,12 @@
-#include "schemefile/property_records.h"
+#include "model/property_records.h"
 
 #include <algorithm>
 #include <string>
 #include <utility>
 #include <variant>
 
+#include "model/field_records.h"
 #include "model/scheme_layout.h"
-#include "schemefile/field_records.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "schemefile/exchange_commands.h"
+#include "app/exchange_commands.h"
 
 #include <commdlg.h>
 #include <io.h>
@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "base/message.h"
+#include "controls/message.h"
 #include "controls/working_folder.h"
 #include "schemefile/exchange.h"
 #include "schemefile/scheme_file.h"

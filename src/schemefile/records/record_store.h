@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "schemefile/record_list.h"
+#include "schemefile/records/record_list.h"
 
 class RecordStore {
  public:

@@ -1,6 +1,6 @@
-#include "allocation/scheme_selector.h"
+#include "allocation/dialog/scheme_selector.h"
 
-#include "allocation/scheme_selector_ids.h"
+#include "allocation/dialog/scheme_selector_ids.h"
 #include "resources/resource_ids.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_store.h"
 
 #include <algorithm>
 #include <bit>

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "schemefile/record_list.h"
+#include "schemefile/records/record_list.h"
 
 // The signature text with its terminator: the first 28 bytes of every scheme file.
 inline constexpr std::string_view kSignature = "Kelvanstead Scheme Manager!\xAC";

@@ -1,4 +1,4 @@
-#include "base/message.h"
+#include "controls/message.h"
 
 int ShowMessage(HWND owner, const std::string& text, const char* title, UINT style) {
   return MessageBoxA(owner, text.c_str(), title, owner ? style : style | MB_TASKMODAL);

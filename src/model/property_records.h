@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "model/scheme_properties.h"
-#include "schemefile/record_store.h"
+#include "schemefile/records/record_store.h"
 
 // Appends the records of FolderDisplay, WebLinks, TabSelection, ToolBars and Defaults, in that order. Tab
 // flags are written as 0 or 1, everything else as it stands. Records beyond the end of a list are not

@@ -1,10 +1,10 @@
-#include "helper/helper_chooser.h"
+#include "helper/dialog/helper_chooser.h"
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
 
-#include "helper/helper_chooser_ids.h"
+#include "helper/dialog/helper_chooser_ids.h"
 #include "helper/windows_folder.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
