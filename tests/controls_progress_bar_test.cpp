@@ -48,21 +48,57 @@ TEST_F(ProgressBar, IsModalToTheMainWindowAndLetsItPaintOnly) {
     Pump();
     EXPECT_EQ(SendMessageA(main_, BM_GETCHECK, 0, 0), BST_UNCHECKED) << "clicked";
   }
+}
+
+TEST_F(ProgressBar, StandsMoreThanOnceInsideAGuardOfTheWholeCommand) {
+  SetFocus(main_);
+  {
+    const CommandGuard guard(main_);
+    for (int i = 0; i < 2; ++i) {
+      { CProgressBar progress(main_, 0, 1, 1, "Saving", kCaption, "Cancel", 0); }
+      EXPECT_FALSE(IsWindowEnabled(main_)) << "the guard's to enable";
+      EXPECT_EQ(GetActiveWindow(), main_);
+    }
+    for (const DWORD flags : {0, KEYEVENTF_KEYUP})
+      keybd_event(VK_SPACE, 0, flags, 0);
+  }
+  EXPECT_TRUE(IsWindowEnabled(main_));
+  EXPECT_EQ(GetFocus(), main_);
+  Pump();
+  EXPECT_EQ(SendMessageA(main_, BM_GETCHECK, 0, 0), BST_UNCHECKED) << "a key of the time before got through";
   EnableWindow(main_, FALSE);
-  { CProgressBar progress(main_, 0, 3, 1, "", kCaption, "Cancel", 0); }
+  { const CommandGuard guard(main_); }
   EXPECT_FALSE(IsWindowEnabled(main_)) << "what was disabled before is somebody else's to enable";
 }
 
-TEST_F(ProgressBar, StopsAtItsEndWhateverTheRange) {
+// A themed bar as the user sees it while no timer runs: a fall shows at once, a rise later.
+LONG_PTR g_shown;
+LRESULT CALLBACK ThemedBar(HWND bar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  const LRESULT before = DefSubclassProc(bar, PBM_GETPOS, 0, 0);
+  const LRESULT result = DefSubclassProc(bar, message, wParam, lParam);
+  const LRESULT after = DefSubclassProc(bar, PBM_GETPOS, 0, 0);
+  if (after < before) g_shown = after;
+  return result;
+}
+
+TEST_F(ProgressBar, ShowsItsEndWholeAndStopsThere) {
   const struct {
-    int range, step;
-    LRESULT position;
-  } cases[] = {{3, 1, 3}, {0, 1, 1}, {-5, 1, 1}, {3, 2, 3}, {INT_MAX, INT_MAX, INT_MAX}, {5, -1, 0}};
-  for (const auto& [range, step, position] : cases) {
+    int range, step, fullAt;
+    LRESULT end;
+  } cases[] = {
+      {3, 1, 3, 3}, {0, 1, 1, 1}, {-5, 1, 1, 1}, {3, 2, 3, 3}, {INT_MAX, INT_MAX, INT_MAX - 1, INT_MAX - 1},
+      {5, -1, 5, 0}};
+  for (const auto& [range, step, fullAt, end] : cases) {
     CProgressBar progress(main_, 0, range, step, "", kCaption, "Cancel", 0);
-    for (int i = 0; i < 3; ++i)
+    const HWND bar = GetDlgItem(Window(), IDC_PROGRESS_BAR);
+    EXPECT_EQ(SendMessageA(bar, PBM_GETRANGE, FALSE, 0), fullAt);
+    g_shown = 0;
+    SetWindowSubclass(bar, &ThemedBar, 1, 0);
+    for (int i = 0; i < 4; ++i)
       progress.Step();
-    EXPECT_EQ(SendDlgItemMessageA(Window(), IDC_PROGRESS_BAR, PBM_GETPOS, 0, 0), position) << range;
+    EXPECT_EQ(g_shown, end) << range;
+    EXPECT_EQ(SendMessageA(bar, PBM_GETPOS, 0, 0), end) << range;
+    EXPECT_EQ(SendMessageA(bar, PBM_GETRANGE, FALSE, 0), fullAt);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <climits>
 
 #include "controls/progress_bar_ids.h"
 #include "resources/resource_ids.h"
@@ -28,18 +29,12 @@ void PaintWindows() {
     DispatchMessageA(&message);
 }
 
-// Keys and clicks made while the work ran were not meant for the window that comes back.
-void DropInput() {
-  MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE | PM_QS_INPUT)) {
-  }
-}
-
 }  // namespace
 
 CProgressBar::CProgressBar(HWND parent, int, int range, int step, const char* text, const char* caption,
                            const char* buttonLabel, int)
-    : range_(std::max(range, 1)), step_(std::max(step, 0)) {
+    // One short of the largest number: see ShowPosition.
+    : range_(std::clamp(range, 1, INT_MAX - 1)), step_(std::max(step, 0)) {
   if (!parent) parent = ActiveMainWindow();
   window_ =
       CreateDialogParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_PROGRESS), parent, &Procedure, 0);
@@ -49,8 +44,7 @@ CProgressBar::CProgressBar(HWND parent, int, int range, int step, const char* te
   SetDlgItemTextA(window_, IDCANCEL, buttonLabel);
   bar_ = GetDlgItem(window_, IDC_PROGRESS_BAR);
   SendMessageA(bar_, PBM_SETRANGE32, 0, range_);
-  // A parent that is disabled already is somebody else's to enable.
-  if (parent && !EnableWindow(parent, FALSE)) parent_ = parent;
+  guard_.emplace(parent);
   ShowWindow(window_, SW_SHOW);
   UpdateWindow(window_);
   PaintWindows();
@@ -59,12 +53,11 @@ CProgressBar::CProgressBar(HWND parent, int, int range, int step, const char* te
 
 CProgressBar::~CProgressBar() {
   if (!window_) return;
-  DropInput();
-  const bool active = GetActiveWindow() == window_;
-  // Enabled first: Windows would otherwise activate another program's window.
-  if (parent_) EnableWindow(parent_, TRUE);
+  const HWND parent = GetWindow(window_, GW_OWNER);
+  // Enabled and active first: Windows would otherwise activate another program's window.
+  guard_.reset();
+  if (parent && GetActiveWindow() == window_) SetActiveWindow(parent);
   DestroyWindow(window_);
-  if (parent_ && active) SetActiveWindow(parent_);
 }
 
 void CProgressBar::SetAllowCancel(int allow) { EnableWindow(GetDlgItem(window_, IDCANCEL), allow != 0); }
@@ -75,11 +68,13 @@ void CProgressBar::Step() {
   if (position_ == range_ || GetTickCount() - shown_ >= kShowInterval) ShowPosition();
 }
 
+// A themed bar glides to a higher position on a timer, which does not run here; a lower one it shows at once.
+// So it goes one further and back, with room for that beyond its end.
 void CProgressBar::ShowPosition() {
-  // A themed bar glides to a higher position on a timer, which does not run here; a lower one it shows at
-  // once.
+  SendMessageA(bar_, PBM_SETRANGE32, 0, range_ + LPARAM{1});
   SendMessageA(bar_, PBM_SETPOS, static_cast<WPARAM>(position_) + 1, 0);
   SendMessageA(bar_, PBM_SETPOS, static_cast<WPARAM>(position_), 0);
+  SendMessageA(bar_, PBM_SETRANGE32, 0, range_);
   PaintWindows();
   shown_ = GetTickCount();
 }

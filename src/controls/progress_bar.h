@@ -1,11 +1,16 @@
 // The progress window: shown while a long operation runs to its end on the program's one thread.
 //
-// From construction to destruction the main window is disabled. The operation calls Step as it goes, which
-// lets the program's windows repaint and nothing else: no command, key or click gets through, and what was
-// typed meanwhile is dropped at the end.
+// From construction to destruction the main window is disabled (CommandGuard). The operation calls Step as it
+// goes, which lets the program's windows repaint and nothing else: no command, key or click gets through, and
+// what was typed meanwhile is dropped at the end. One command may show several such windows in turn, with a
+// guard of its own around them all.
 #pragma once
 
 #include <windows.h>
+
+#include <optional>
+
+#include "controls/command_guard.h"
 
 class CProgressBar {
  public:
@@ -15,7 +20,7 @@ class CProgressBar {
   // window cannot be made (CreateDialogParamA), nothing is disabled and the operations do nothing.
   CProgressBar(HWND parent, int, int range, int step, const char* text, const char* caption,
                const char* buttonLabel, int);
-  // Enables the parent again, brings it to the front and destroys the window.
+  // Enables the parent again, unless it was disabled before, and makes it active in place of the window.
   ~CProgressBar();
   CProgressBar(const CProgressBar&) = delete;
   CProgressBar& operator=(const CProgressBar&) = delete;
@@ -34,7 +39,7 @@ class CProgressBar {
   const int step_;
   int position_ = 0;
   DWORD shown_ = 0;  // when the position was last shown, by GetTickCount
-  HWND parent_ = nullptr;
   HWND window_ = nullptr;
   HWND bar_ = nullptr;
+  std::optional<CommandGuard> guard_;
 };
