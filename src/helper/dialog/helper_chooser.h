@@ -7,6 +7,7 @@
 
 #include "controls/dialog.h"
 #include "controls/image_button.h"
+#include "helper/helper_setting.h"
 
 // The ground of the pictures: a lighter shade of the dialog's. Added as one number, so that a channel above
 // 245 carries into the next.
@@ -24,13 +25,11 @@ class CHelperDialog : public CDialog {
   void OnOK() override;
 
  private:
-  static constexpr std::size_t kHelpers = 4;
-
   void SetUpButtons();
   void Select(std::size_t helper);
   void WriteSetting() const;
 
   std::string windowsFolder_;
   std::size_t selected_ = 0;
-  std::array<CImageButton, kHelpers> buttons_;
+  std::array<CImageButton, kHelperNames.size()> buttons_;
 };
