@@ -30,6 +30,12 @@ bool IsPupil(const std::string& accountType) {
   return lstrcmpiA(accountType.c_str(), "Pupils") == 0 || lstrcmpiA(accountType.c_str(), "Pupil") == 0;
 }
 
+CandidateOutcome Load(const std::string& name, SchemeProperties& scheme) {
+  if (LoadSchemeProperties(name, scheme)) return CandidateOutcome::kLoaded;
+  if (name.empty()) return CandidateOutcome::kNoScheme;
+  return HasSchemeKey(name) ? CandidateOutcome::kIncomplete : CandidateOutcome::kMissing;
+}
+
 }  // namespace
 
 std::string ReadAccountType(const std::string& userName, int environmentCode) {
@@ -57,23 +63,33 @@ std::string LookupUserGroupScheme(const std::string& groupName) {
   return LookupScheme(kUserGroupSchemes, groupName);
 }
 
-std::string ResolveSchemeForUser(SchemeProperties& scheme, int environmentCode) {
-  std::string candidate;
-  const auto tryScheme = [&](std::string name) {
-    candidate = std::move(name);
+std::string ResolveSchemeForUser(SchemeProperties& scheme, int environmentCode, SchemeTrace* trace) {
+  SchemeTrace steps;
+  const auto tryScheme = [&](CandidateSource source, const std::string& owner, const std::string& name) {
     scheme = {};
-    scheme.Name = candidate;
-    return LoadSchemeProperties(candidate, scheme);
+    scheme.Name = name;
+    const CandidateOutcome outcome = Load(name, scheme);
+    steps.Candidates.push_back({source, owner, name, outcome});
+    return outcome == CandidateOutcome::kLoaded;
   };
 
-  const std::string userName = LoggedOnUser();
-  const std::string accountType = ReadAccountType(userName, environmentCode);
-  const std::string className = IsPupil(accountType) ? ReadCurrentClass(environmentCode) : "";
-  bool found = !className.empty() && tryScheme(LookupClassScheme(className));
+  const std::string user = LoggedOnUser();
+  const std::string group = ReadAccountType(user, environmentCode);
+  const std::string className = IsPupil(group) ? ReadCurrentClass(environmentCode) : "";
+  bool found =
+      !className.empty() && tryScheme(CandidateSource::kClass, className, LookupClassScheme(className));
   // The user's own choice comes before the class, and drops it even where the chosen scheme cannot be loaded.
-  if (IsPerUserEnvironment(environmentCode)) found = tryScheme(ReadConfigToUse());
-  if (!found) found = tryScheme(LookupUserScheme(userName));
-  if (!found) found = tryScheme(LookupUserGroupScheme(accountType));
-  if (!found) tryScheme(kDefaultUserScheme);
-  return environmentCode == kNoEnvironment ? "Error" : candidate;
+  if (IsPerUserEnvironment(environmentCode))
+    found = tryScheme(CandidateSource::kConfigToUse, "", ReadConfigToUse());
+  if (!found) found = tryScheme(CandidateSource::kUser, user, LookupUserScheme(user));
+  if (!found) found = tryScheme(CandidateSource::kUserGroup, group, LookupUserGroupScheme(group));
+  if (!found) tryScheme(CandidateSource::kDefault, "", kDefaultUserScheme);
+
+  steps.EnvironmentCode = environmentCode;
+  steps.UserName = user;
+  steps.AccountType = group;
+  steps.ClassName = className;
+  steps.Result = environmentCode == kNoEnvironment ? "Error" : steps.Candidates.back().Scheme;
+  if (trace) *trace = steps;
+  return steps.Result;
 }
