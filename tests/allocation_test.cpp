@@ -105,8 +105,8 @@ class AllocationTest : public RegistryTest {
 
 std::string Read(bool ntFamily) {
   std::string rows;
-  for (const auto& [kind, name, scheme] : ReadAllocations(ntFamily))
-    rows += std::string(KindText(kind)) + ": " + name + " " + scheme + ", ";
+  for (const auto& [kind, name, scheme, known] : ReadAllocations(ntFamily))
+    rows += std::string(KindText(kind)) + ": " + name + " " + (known ? scheme : "?") + ", ";
   return rows;
 }
 
@@ -115,7 +115,7 @@ TEST_F(AllocationTest, ReadsClassesAndUsers) {
   const std::tuple<std::string, std::string, std::string> cases[] = {
       {"Benchspace.ini", "Default Class=Oak", "Class Schemes: Oak Juniors, "},
       {"LocalBenchspace.ini", "Default Class= oak \nAvailable Classes=Ash,,\t Year 3 , OAK,Ash,",
-       "Class Schemes: oak Juniors, Class Schemes: Ash , Class Schemes: Year 3 , "},
+       "Class Schemes: oak Juniors, Class Schemes: Ash ?, Class Schemes: Year 3 , "},
       {"LocalBenchspace.ini",
        "Default Class=No string read\nAvailable Classes=Elm," + std::string(260, 'n') + ",Yew",
        "Class Schemes: Elm , Class Schemes: Yew , "},
@@ -263,7 +263,9 @@ TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   for (const auto& test : cases) {
     const EnvironmentComponent component(test.Component);
     RegDeleteTreeA(HKEY_CURRENT_USER, kTessaly);
-    if (*test.Before) WriteConfigToUse(test.Before);
+    if (*test.Before) {
+      ASSERT_EQ(WriteConfigToUse(test.Before), WriteResult::kDone);
+    }
     DialogScript script;
     script.Expect("User Schemes", [&](HWND dialog) {
       EXPECT_EQ(VisibleControls(dialog), 5);

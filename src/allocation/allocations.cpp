@@ -5,6 +5,7 @@
 #include <shlwapi.h>
 
 #include <algorithm>
+#include <cstring>
 #include <set>
 #include <string_view>
 
@@ -103,13 +104,18 @@ std::vector<std::string> ReadClasses(const std::string& iniFolder) {
   return classes.Take();
 }
 
-std::string ReadAllocatedScheme(const std::string& path, const std::string& name) {
+Allocation ReadAllocation(AllocationKind kind, const std::string& path, const std::string& name) {
+  Allocation allocation{kind, name, ""};
   char text[kBufferSize] = "";
   DWORD type = REG_NONE;
   DWORD size = sizeof(text);
   const LSTATUS status = SHRegGetUSValueA(path.c_str(), name.c_str(), &type, text, &size, TRUE, nullptr, 0);
-  if (status != ERROR_SUCCESS || type != REG_SZ) return "";
-  return {text, std::find(text, text + std::min<DWORD>(size, sizeof(text)), '\0')};
+  if (status == ERROR_FILE_NOT_FOUND) return allocation;
+  const std::size_t length = strnlen(text, sizeof(text));
+  const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
+  allocation.Known = status == ERROR_SUCCESS && isText && length < sizeof(text);
+  if (allocation.Known) allocation.Scheme.assign(text, length);
+  return allocation;
 }
 
 std::wstring Widen(const std::string& text) {
@@ -118,6 +124,15 @@ std::wstring Widen(const std::string& text) {
   wide.resize(static_cast<std::size_t>(
       MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), static_cast<int>(wide.size()))));
   return wide;
+}
+
+LSTATUS CreateAllocationKey(AllocationKind kind) {
+  UniqueKey product;
+  const LSTATUS status = RegOpenKeyExA(HKEY_LOCAL_MACHINE, kProductKey, 0, KEY_CREATE_SUB_KEY, product.Put());
+  if (status != ERROR_SUCCESS) return status;
+  UniqueKey created;
+  return RegCreateKeyExA(product.Get(), KindText(kind), 0, nullptr, 0, KEY_WRITE, nullptr, created.Put(),
+                         nullptr);
 }
 
 }  // namespace
@@ -144,7 +159,7 @@ std::vector<Allocation> ReadAllocations(bool ntFamily) {
   const auto add = [&](AllocationKind kind, const std::vector<std::string>& names) {
     const std::string path = AllocationKeyPath(KindText(kind));
     for (const std::string& name : names)
-      allocations.push_back({kind, name, ReadAllocatedScheme(path, name)});
+      allocations.push_back(ReadAllocation(kind, path, name));
   };
   add(AllocationKind::kClass, ReadClasses(ntFamily ? kTallowbyIniFolder : kCratelingIniFolder));
   const std::vector<std::string> users =
@@ -154,31 +169,32 @@ std::vector<Allocation> ReadAllocations(bool ntFamily) {
   return allocations;
 }
 
-void WriteAllocations(const std::vector<Allocation>& allocations) {
-  std::set<AllocationKind> present;
-  for (const auto& [kind, name, scheme] : allocations) {
-    const std::string path = AllocationKeyPath(KindText(kind));
-    // SHRegSetUSValue writes into an existing key only.
-    if (present.insert(kind).second) {
-      UniqueKey created;
-      RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, created.Put(),
-                      nullptr);
-    }
-    // The ANSI form stores bytes in place of characters on some systems.
-    const std::wstring text = Widen(scheme);
-    SHRegSetUSValueW(Widen(path).c_str(), Widen(name).c_str(), REG_SZ, text.c_str(),
-                     static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)), SHREGSET_FORCE_HKLM);
-  }
+WriteResult WriteAllocation(AllocationKind kind, const std::string& name, const std::string& scheme) {
+  if (name.empty() || name.size() >= kBufferSize || scheme.size() >= kBufferSize) return WriteResult::kFailed;
+  // The ANSI form stores bytes in place of characters on some systems.
+  const std::wstring path = Widen(AllocationKeyPath(KindText(kind)));
+  const std::wstring valueName = Widen(name);
+  const std::wstring text = Widen(scheme);
+  const auto write = [&] {
+    return SHRegSetUSValueW(path.c_str(), valueName.c_str(), REG_SZ, text.c_str(),
+                            static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)), SHREGSET_FORCE_HKLM);
+  };
+  const LSTATUS status = write();
+  if (status != ERROR_FILE_NOT_FOUND) return ResultOf(status);
+  // It writes into an existing key only.
+  const LSTATUS created = CreateAllocationKey(kind);
+  return ResultOf(created == ERROR_SUCCESS ? write() : created);
 }
 
 std::vector<std::string> SchemeNames() { return ValueNames(kSchemesKey); }
 
-void WriteConfigToUse(const std::string& scheme) {
+WriteResult WriteConfigToUse(const std::string& scheme) {
   UniqueKey key;
-  if (RegCreateKeyExA(HKEY_CURRENT_USER, kProductKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, key.Put(),
-                      nullptr) != ERROR_SUCCESS) {
-    return;
+  LSTATUS status = RegCreateKeyExA(HKEY_CURRENT_USER, kProductKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                   key.Put(), nullptr);
+  if (status == ERROR_SUCCESS) {
+    status = RegSetValueExA(key.Get(), kConfigToUse, 0, REG_SZ, reinterpret_cast<const BYTE*>(scheme.c_str()),
+                            static_cast<DWORD>(scheme.size() + 1));
   }
-  RegSetValueExA(key.Get(), kConfigToUse, 0, REG_SZ, reinterpret_cast<const BYTE*>(scheme.c_str()),
-                 static_cast<DWORD>(scheme.size() + 1));
+  return ResultOf(status);
 }

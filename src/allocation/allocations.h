@@ -5,12 +5,16 @@
 #include <string>
 #include <vector>
 
+#include "base/write_result.h"
+
 enum class AllocationKind { kClass, kUser, kUserGroup };
 
 struct Allocation {
   AllocationKind Kind = AllocationKind::kClass;
   std::string Name;    // of the class, the user or the user group
   std::string Scheme;  // "" for none; it need not exist
+  // False where something is stored that is no text or could not be read; Scheme is "" then.
+  bool Known = true;
 };
 
 // "Class Schemes", "User Schemes" or "User Group Schemes": what the user reads, and the name of the key.
@@ -28,13 +32,16 @@ bool IsNtFamily();
 // not there.
 std::vector<Allocation> ReadAllocations(bool ntFamily);
 
-// Writes every allocation, one without a scheme as an empty text (SHRegSetUSValueW, the machine's branch
-// only). Failures are not reported.
-void WriteAllocations(const std::vector<Allocation>& allocations);
+// Stores one allocation, one without a scheme as an empty text (SHRegSetUSValueW, the machine's branch only).
+// The name need not be one that ReadAllocations knows, nor need the scheme exist; a name without characters
+// or one of the two longer than 259 fails. The key of the kind is created where it is missing, but not the
+// shell's own, without which this fails. On failure the allocation stays as it was.
+[[nodiscard]] WriteResult WriteAllocation(AllocationKind kind, const std::string& name,
+                                          const std::string& scheme);
 
 // The schemes of the machine: the names of the values of the Schemes key, in the registry's order.
 std::vector<std::string> SchemeNames();
 
-// Stores the current user's own choice of a scheme (RegCreateKeyExA, RegSetValueExA). Failure is not
-// reported. The counterpart of ReadConfigToUse.
-void WriteConfigToUse(const std::string& scheme);
+// Stores the current user's own choice of a scheme (RegCreateKeyExA with full access, RegSetValueExA). The
+// counterpart of ReadConfigToUse. On failure the choice stays as it was.
+[[nodiscard]] WriteResult WriteConfigToUse(const std::string& scheme);

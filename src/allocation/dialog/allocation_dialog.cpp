@@ -8,10 +8,12 @@
 
 #include "allocation/account_detection.h"
 #include "allocation/dialog/allocation_dialog_ids.h"
+#include "allocation/dialog/scheme_choice.h"
 #include "allocation/dialog/scheme_selector.h"
 #include "allocation/environment_code.h"
 #include "base/unique_handle.h"
 #include "controls/list_view.h"
+#include "controls/message.h"
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
 
@@ -136,13 +138,11 @@ void CAllocationDialog::MakeColumns() {
 
 void CAllocationDialog::FillSchemes() {
   schemes_ = SchemeNames();
+  SortNames(schemes_);
   for (const std::string& scheme : schemes_)
     SendItem(IDC_CURRENT_USER_SCHEME, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scheme.c_str()));
-  const std::string current = ReadConfigToUse();
-  if (current.empty()) return;
-  const LRESULT entry = SendItem(IDC_CURRENT_USER_SCHEME, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                 reinterpret_cast<LPARAM>(current.c_str()));
-  SendItem(IDC_CURRENT_USER_SCHEME, CB_SETCURSEL, static_cast<WPARAM>(entry));
+  const std::optional<std::size_t> current = FindName(schemes_, ReadConfigToUse());
+  if (current) SendItem(IDC_CURRENT_USER_SCHEME, CB_SETCURSEL, *current);
 }
 
 void CAllocationDialog::FillRows() {
@@ -164,9 +164,10 @@ void CAllocationDialog::OnCommand(int id, int code) {
   if (code != BN_CLICKED) return;
   switch (id) {
     case IDC_ALLOCATION_CHANGE:
-      return OnChange();
+      OnChange();
+      break;
     case IDC_CURRENT_USER_APPLY:
-      return ApplyToCurrentUser();
+      ApplyToCurrentUser();
   }
 }
 
@@ -191,12 +192,7 @@ LRESULT CAllocationDialog::OnNotify(const NMHDR& header) {
 }
 
 void CAllocationDialog::OnOK() {
-  if (perUser_) {
-    ApplyToCurrentUser();
-  } else {
-    WriteAllocations(allocations_);
-  }
-  EndDialog(IDOK);
+  if (perUser_ ? ApplyToCurrentUser() : WriteRows()) EndDialog(IDOK);
 }
 
 void CAllocationDialog::OnChange() {
@@ -205,14 +201,38 @@ void CAllocationDialog::OnChange() {
   CSchemeSelector selector(schemes_, CommonScheme(rows));
   if (selector.DoModal(Window()) != IDOK) return;
   for (const int row : rows) {
-    AllocationOf(row).Scheme = selector.Scheme();
-    SetListCell(Item(IDC_ALLOCATION_LIST), row, kSchemeColumn, selector.Scheme().c_str());
+    Allocation& allocation = AllocationOf(row);
+    allocation.Scheme = selector.Scheme();
+    allocation.Known = true;
+    SetListCell(Item(IDC_ALLOCATION_LIST), row, kSchemeColumn, allocation.Scheme.c_str());
   }
 }
 
-void CAllocationDialog::ApplyToCurrentUser() {
+bool CAllocationDialog::WriteRows() {
+  WriteResult result = WriteResult::kDone;
+  for (int row = 0; row < static_cast<int>(allocations_.size()); ++row) {
+    const Allocation& allocation = AllocationOf(row);
+    if (!allocation.Known) continue;
+    const WriteResult written = WriteAllocation(allocation.Kind, allocation.Name, allocation.Scheme);
+    if (written != WriteResult::kDone) result = written;
+  }
+  return Report(result);
+}
+
+bool CAllocationDialog::ApplyToCurrentUser() {
   const LRESULT entry = SendItem(IDC_CURRENT_USER_SCHEME, CB_GETCURSEL);
-  if (entry != CB_ERR) WriteConfigToUse(ItemText(IDC_CURRENT_USER_SCHEME));
+  return entry == CB_ERR || Report(WriteConfigToUse(schemes_[static_cast<std::size_t>(entry)]));
+}
+
+bool CAllocationDialog::Report(WriteResult result) const {
+  if (result == WriteResult::kDone) return true;
+  ShowWarning(Window(),
+              result == WriteResult::kNoRights ? "You do not have the rights to change these settings.\n"
+                                                 "Please contact your system administrator for help"
+                                               : "Not all of these settings could be written.\n"
+                                                 "Please contact your system administrator for help",
+              "Error");
+  return false;
 }
 
 void CAllocationDialog::SortBy(int column) {

@@ -17,7 +17,8 @@ class CAllocationDialog : public CDialog {
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;
-  // Writes every row of the list; in the per-user layout, the chosen scheme if there is one.
+  // Writes every row of the list, from the first to the last, but for one whose allocation is neither known
+  // nor chosen; in the per-user layout, the chosen scheme if there is one. Stays open where that fails.
   void OnOK() override;
 
  private:
@@ -32,7 +33,10 @@ class CAllocationDialog : public CDialog {
   void FillRows();
 
   void OnChange();
-  void ApplyToCurrentUser();
+  // Each says so where something could not be written, and returns whether all was.
+  bool WriteRows();
+  bool ApplyToCurrentUser();
+  bool Report(WriteResult result) const;
   void SortBy(int column);
   std::vector<int> SelectedRows() const;
   Allocation& AllocationOf(int row);
@@ -40,7 +44,7 @@ class CAllocationDialog : public CDialog {
   std::optional<std::string> CommonScheme(const std::vector<int>& rows);
 
   bool perUser_ = false;
-  std::vector<std::string> schemes_;
+  std::vector<std::string> schemes_;     // sorted
   std::vector<Allocation> allocations_;  // a row's lParam is its index here
   int sortedColumn_ = -1;
   bool descending_ = false;

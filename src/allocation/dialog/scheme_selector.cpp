@@ -1,30 +1,23 @@
 #include "allocation/dialog/scheme_selector.h"
 
+#include "allocation/dialog/scheme_choice.h"
 #include "allocation/dialog/scheme_selector_ids.h"
 #include "resources/resource_ids.h"
 
-namespace {
-
-constexpr int kBlankEntry = 0;
-
-LPARAM TextParameter(const std::string& text) { return reinterpret_cast<LPARAM>(text.c_str()); }
-
-}  // namespace
-
-CSchemeSelector::CSchemeSelector(const std::vector<std::string>& schemes,
-                                 std::optional<std::string> preselected)
-    : CDialog(IDD_SCHEME_SELECTOR), schemes_(schemes), preselected_(std::move(preselected)) {}
+CSchemeSelector::CSchemeSelector(std::vector<std::string> schemes,
+                                 const std::optional<std::string>& preselected)
+    : CDialog(IDD_SCHEME_SELECTOR), entries_(std::move(schemes)) {
+  if (preselected && !preselected->empty() && !FindName(entries_, *preselected))
+    entries_.push_back(*preselected);
+  SortNames(entries_);
+  entries_.insert(entries_.begin(), "");
+  if (preselected) preselected_ = FindName(entries_, *preselected);
+}
 
 bool CSchemeSelector::OnInitDialog() {
-  for (const std::string& scheme : schemes_)
-    SendItem(IDC_SELECTOR_LIST, LB_ADDSTRING, 0, TextParameter(scheme));
-  SendItem(IDC_SELECTOR_LIST, LB_INSERTSTRING, kBlankEntry, TextParameter(""));
-  if (preselected_) {
-    const LRESULT entry = preselected_->empty() ? kBlankEntry
-                                                : SendItem(IDC_SELECTOR_LIST, LB_FINDSTRINGEXACT, kBlankEntry,
-                                                           TextParameter(*preselected_));
-    SendItem(IDC_SELECTOR_LIST, LB_SETCURSEL, static_cast<WPARAM>(entry));
-  }
+  for (const std::string& entry : entries_)
+    SendItem(IDC_SELECTOR_LIST, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
+  if (preselected_) SendItem(IDC_SELECTOR_LIST, LB_SETCURSEL, *preselected_);
   return true;
 }
 
@@ -33,11 +26,7 @@ void CSchemeSelector::OnCommand(int id, int code) {
 }
 
 void CSchemeSelector::OnOK() {
-  const auto entry = static_cast<WPARAM>(SendItem(IDC_SELECTOR_LIST, LB_GETCURSEL));
-  const LRESULT length = SendItem(IDC_SELECTOR_LIST, LB_GETTEXTLEN, entry);
-  if (length > 0) {
-    scheme_.resize(static_cast<std::size_t>(length));
-    SendItem(IDC_SELECTOR_LIST, LB_GETTEXT, entry, reinterpret_cast<LPARAM>(scheme_.data()));
-  }
+  const LRESULT entry = SendItem(IDC_SELECTOR_LIST, LB_GETCURSEL);
+  if (entry != LB_ERR) scheme_ = entries_[static_cast<std::size_t>(entry)];
   EndDialog(IDOK);
 }

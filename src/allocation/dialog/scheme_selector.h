@@ -9,11 +9,11 @@
 
 class CSchemeSelector : public CDialog {
  public:
-  // Borrows the names, which are shown sorted, after a blank entry that stands for no scheme. `preselected`
-  // may be blank, and one that is not in the list is not selected.
-  CSchemeSelector(const std::vector<std::string>& schemes, std::optional<std::string> preselected);
+  // Shows the names sorted, after a blank entry that stands for no scheme. `preselected` may be blank; one
+  // that is not in the list becomes an entry of its own, so that OK keeps it.
+  CSchemeSelector(std::vector<std::string> schemes, const std::optional<std::string>& preselected);
 
-  // What was chosen, when DoModal answered IDOK. "" for no scheme: the blank entry, or nothing selected.
+  // What was chosen, when DoModal returned IDOK. "" for no scheme: the blank entry, or nothing selected.
   const std::string& Scheme() const { return scheme_; }
 
  protected:
@@ -22,7 +22,7 @@ class CSchemeSelector : public CDialog {
   void OnOK() override;
 
  private:
-  const std::vector<std::string>& schemes_;
-  const std::optional<std::string> preselected_;
+  std::vector<std::string> entries_;
+  std::optional<std::size_t> preselected_;
   std::string scheme_;
 };
