@@ -1,5 +1,6 @@
 #include "support/registry_test.h"
 
+#include <cstdlib>
 #include <iomanip>
 #include <set>
 #include <sstream>
@@ -8,7 +9,8 @@
 
 namespace {
 
-constexpr char kScratchKey[] = "Software\\Kelvanstead Scheme Manager Tests";
+// One key a process below it, named by its number.
+constexpr char kScratchKeys[] = "Software\\Kelvanstead Scheme Manager Tests";
 constexpr DWORD kNameSize = 16384;  // longer than any name that the registry holds
 
 void Check(LSTATUS result, const std::string& what) {
@@ -80,12 +82,33 @@ void Dump(HKEY key, const std::string& path, std::set<std::string>& lines) {
   }
 }
 
+std::string ScratchKey() { return kScratchKeys + ("\\" + std::to_string(GetCurrentProcessId())); }
+
+bool IsAnotherRun(DWORD processId) {
+  if (processId == GetCurrentProcessId()) return false;
+  const UniqueProcess process(OpenProcess(SYNCHRONIZE, FALSE, processId));
+  return process && WaitForSingleObject(process.Get(), 0) == WAIT_TIMEOUT;
+}
+
+void RemoveKeysOfDeadRuns() {
+  const UniqueKey keys = CreateKey(HKEY_CURRENT_USER, kScratchKeys);
+  std::vector<std::string> dead;
+  char name[256];
+  for (DWORD i = 0; RegEnumKeyA(keys.Get(), i, name, sizeof(name)) == ERROR_SUCCESS; ++i) {
+    if (!IsAnotherRun(std::strtoul(name, nullptr, 10))) dead.emplace_back(name);
+  }
+  for (const std::string& run : dead)
+    RegDeleteTreeA(keys.Get(), run.c_str());
+}
+
 }  // namespace
 
+void RegistryTest::SetUpTestSuite() { RemoveKeysOfDeadRuns(); }
+
 void RegistryTest::SetUp() {
-  RegDeleteTreeA(HKEY_CURRENT_USER, kScratchKey);
-  localMachine_ = CreateKey(HKEY_CURRENT_USER, kScratchKey + std::string("\\Local Machine"));
-  currentUser_ = CreateKey(HKEY_CURRENT_USER, kScratchKey + std::string("\\Current User"));
+  const std::string scratchKey = ScratchKey();
+  localMachine_ = CreateKey(HKEY_CURRENT_USER, scratchKey + "\\Local Machine");
+  currentUser_ = CreateKey(HKEY_CURRENT_USER, scratchKey + "\\Current User");
   Check(RegOverridePredefKey(HKEY_LOCAL_MACHINE, localMachine_.Get()), "HKEY_LOCAL_MACHINE");
   Check(RegOverridePredefKey(HKEY_CURRENT_USER, currentUser_.Get()), "HKEY_CURRENT_USER");
 }
@@ -93,7 +116,7 @@ void RegistryTest::SetUp() {
 void RegistryTest::TearDown() {
   RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
   RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-  RegDeleteTreeA(HKEY_CURRENT_USER, kScratchKey);
+  RegDeleteTreeA(HKEY_CURRENT_USER, ScratchKey().c_str());
 }
 
 void WriteTree(HKEY root, const std::string& path, const std::string& text) {

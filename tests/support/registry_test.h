@@ -1,8 +1,8 @@
 // Tests against the real registry that leave no trace in it.
 //
-// The fixture points HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER of this process at empty scratch keys below the
-// user's own HKEY_CURRENT_USER\Software (RegOverridePredefKey), and removes them afterwards; what a run that
-// crashed has left behind is removed by the next.
+// The fixture points HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER of this process at empty scratch keys of its
+// own below the user's HKEY_CURRENT_USER\Software (RegOverridePredefKey), and removes them afterwards; what a
+// run that crashed has left behind is removed by the next.
 //
 // The helpers state a whole subtree as text, in the notation of .reg files with paths below a given key:
 //
@@ -26,6 +26,7 @@
 
 class RegistryTest : public testing::Test {
  protected:
+  static void SetUpTestSuite();
   void SetUp() override;
   void TearDown() override;
 
