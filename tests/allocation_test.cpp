@@ -2,10 +2,7 @@
 
 #include <windows.h>
 
-#include <objbase.h>
-
 #include <filesystem>
-#include <functional>
 
 #include "allocation/account_detection.h"
 #include "allocation/dialog/allocation_dialog.h"
@@ -14,6 +11,7 @@
 #include "model/scheme_storage.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
+#include "support/environment_component.h"
 #include "support/list_driver.h"
 #include "support/registry_test.h"
 #include "support/scratch_folder.h"
@@ -135,46 +133,6 @@ TEST_F(AllocationTest, ReadsClassesAndUsers) {
   EXPECT_EQ(Read(false), "Class Schemes: Oak Juniors, User Schemes: ann Gone, User Schemes: eve , ");
 }
 
-constexpr CLSID kComponent{0xE656B628, 0xC6DD, 0x4125, {0x93, 0x1C, 0x5F, 0xCA, 0x10, 0xF4, 0x7A, 0x42}};
-constexpr IID kInterface{0x99545BF5, 0x91B6, 0x4994, {0xBB, 0xE1, 0x31, 0xFD, 0x17, 0x12, 0x91, 0xD3}};
-
-// A real environment component, served by this process while the object lives; none without an operation.
-// It is its own class factory: nobody calls the two entries of a factory at the component, of whose entries
-// after those of IUnknown the eighth counts.
-struct EnvironmentComponent : IClassFactory {
-  using Operation = std::function<HRESULT(LONG* code)>;
-
-  explicit EnvironmentComponent(Operation operation) : operation_(std::move(operation)) {
-    CoInitialize(nullptr);
-    if (operation_)
-      CoRegisterClassObject(kComponent, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registration_);
-  }
-  ~EnvironmentComponent() {
-    CoRevokeClassObject(registration_);
-    CoUninitialize();
-    EXPECT_EQ(references_, 0u) << "the component was not released";
-  }
-
-  HRESULT WINAPI QueryInterface(REFIID, void** object) override { return AddRef(), *object = this, S_OK; }
-  ULONG WINAPI AddRef() override { return ++references_; }
-  ULONG WINAPI Release() override { return --references_; }
-  HRESULT WINAPI CreateInstance(IUnknown*, REFIID id, void** object) override {
-    return id == kInterface ? QueryInterface(id, object) : E_NOINTERFACE;
-  }
-  HRESULT WINAPI LockServer(BOOL) override { return S_OK; }
-  // A call of another leaves the code as it was.
-  virtual void WINAPI Third() {}
-  virtual void WINAPI Fourth() {}
-  virtual void WINAPI Fifth() {}
-  virtual void WINAPI Sixth() {}
-  virtual void WINAPI Seventh() {}
-  virtual HRESULT WINAPI Eighth(LONG* code) { return operation_(code); }
-
-  const Operation operation_;
-  ULONG references_ = 0;
-  DWORD registration_ = 0;
-};
-
 HWND List(HWND dialog) { return GetDlgItem(dialog, IDC_ALLOCATION_LIST); }
 
 // What the list tells the dialog.
@@ -246,7 +204,7 @@ TEST_F(AllocationTest, AllocatesToClassesUsersAndGroups) {
 TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   constexpr int kApply = IDC_CURRENT_USER_APPLY;
   const struct {
-    EnvironmentComponent::Operation Component;
+    EnvironmentComponent::Call Component;
     const char *Before, *Preselected, *Choice;
     int Button;
     const char* After;

@@ -5,8 +5,7 @@
 #include <oaidl.h>
 #include <objbase.h>
 
-#include <csetjmp>
-#include <memory>
+#include "allocation/guarded_call.h"
 
 // The component's interface. Only the place of the one operation that is called matters: the other three are
 // there to keep it. Not in the unnamed namespace: the compiler would see that nothing here implements it, and
@@ -40,38 +39,41 @@ class ComApartment {
   const bool initialised_;
 };
 
-struct Releaser {
-  void operator()(IUnknown* object) const { object->Release(); }
-};
-
-std::jmp_buf g_beforeCall;
-
-LONG WINAPI GiveUpCall(EXCEPTION_POINTERS*) { std::longjmp(g_beforeCall, 1); }
-
-// Asks for the code, whatever status comes with it. False when the call threw. What a component of another
-// compiler throws passes the catch clauses of this one: it comes out as an unhandled exception.
-bool AskForCode(IEnvironment& environment, LONG& code) {
-  const auto before = SetUnhandledExceptionFilter(&GiveUpCall);
-  bool answered = false;
-  if (setjmp(g_beforeCall) == 0) {
-    try {
-      environment.GetEnvironmentCode(&code);
-      answered = true;
-    } catch (...) {
-    }
-  }
-  SetUnhandledExceptionFilter(before);
-  return answered;
+// Calls the component's code. False when it threw, crashes included.
+template <class Function>
+bool Guarded(Function function) {
+  struct Call {
+    Function& Run;
+    bool Done = false;
+  } call{function};
+  const bool returned = CallGuarded(
+      [](void* argument) {
+        auto& [run, done] = *static_cast<Call*>(argument);
+        try {
+          run();
+          done = true;
+        } catch (...) {
+        }
+      },
+      &call);
+  return returned && call.Done;
 }
 
 }  // namespace
 
 int QueryEnvironmentCode() {
   const ComApartment apartment;
-  void* created = nullptr;
-  if (FAILED(CoCreateInstance(kEnvironmentClass, nullptr, kAnyServer, kEnvironmentInterface, &created)))
-    return kUnknownEnvironment;
-  const std::unique_ptr<IEnvironment, Releaser> environment(static_cast<IEnvironment*>(created));
+  IEnvironment* environment = nullptr;
+  const bool created = Guarded([&] {
+    void* object = nullptr;
+    if (SUCCEEDED(CoCreateInstance(kEnvironmentClass, nullptr, kAnyServer, kEnvironmentInterface, &object)))
+      environment = static_cast<IEnvironment*>(object);
+  });
+  if (!created || !environment) return kUnknownEnvironment;
+  // Whatever status comes with it, the code counts.
   LONG code = kUnknownEnvironment;
-  return AskForCode(*environment, code) ? code : kUnknownEnvironment;
+  const bool answered = Guarded([&] { environment->GetEnvironmentCode(&code); });
+  // What it said before counts, even if it throws now.
+  (void)Guarded([&] { environment->Release(); });
+  return answered ? code : kUnknownEnvironment;
 }
