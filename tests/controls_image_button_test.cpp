@@ -37,7 +37,7 @@ class ImageButton : public testing::Test, protected CDialog {
     menu_.SetIcon(IDI_HELP, 16);
     menu_.SetMenu(IDM_HELP_MENU);
     picture_.Attach(Item(kPicture));
-    picture_.SetBitmaps(IDB_PEEDY, IDB_PEEDY_SELECTED, RGB(255, 0, 255));
+    picture_.SetBitmaps(IDB_PEEDY, IDB_PEEDY_SELECTED);
     picture_.SetTooltip("Selects Peedy");
     FocusItem(kOrdinary);
     return false;

@@ -19,7 +19,7 @@ constexpr char kLinkTitle[] = "Web Links", kRootTitle[] = "Root Properties",
 
 using ListPages = PictureMachineTest;
 
-HWND List(HWND sheet) { return GetDlgItem(PropSheet_GetCurrentPageHwnd(sheet), IDC_RECORD_LIST); }
+HWND List(HWND sheet) { return GetDlgItem(PropSheet_GetCurrentPageHwnd(sheet), IDC_ITEM_LIST); }
 
 // Presses a key on a control. Answers the names in the list, a bar, and the first letters of those of the
 // controls List, Add, Edit, Remove, Up and Down that are enabled; the selected row and the focus in brackets.
@@ -33,10 +33,10 @@ std::string After(HWND sheet, int focused, WPARAM key) {
   for (int row = 0; row < ListView_GetItemCount(List(sheet)); ++row)
     look += mark(ListCellText(List(sheet), row, 0), SelectedRow(List(sheet)) == row) + " ";
   look += "| ";
-  for (const auto& [id, letter] : {std::pair{IDC_RECORD_LIST, "L"},
-                                   {IDC_ADD_RECORD, "A"},
-                                   {IDC_EDIT_RECORD, "E"},
-                                   {IDC_REMOVE_RECORD, "R"},
+  for (const auto& [id, letter] : {std::pair{IDC_ITEM_LIST, "L"},
+                                   {IDC_ADD_ITEM, "A"},
+                                   {IDC_EDIT_ITEM, "E"},
+                                   {IDC_REMOVE_ITEM, "R"},
                                    {IDC_MOVE_UP, "U"},
                                    {IDC_MOVE_DOWN, "D"}})
     if (IsWindowEnabled(GetDlgItem(page, id))) look += mark(letter, GetFocus() == GetDlgItem(page, id));
@@ -54,26 +54,27 @@ DialogScript::Action EnterLink(const std::string& name, const std::string& url, 
 void PressOK(HWND dialog) { Click(dialog, IDOK); }
 
 TEST_F(ListPages, AddEditMoveAndRemove) {
-  CPage2 page;
+  const PictureFolders folders = Folders();
+  CPage2 page(folders);
   page.Links = {{"a", "", "", "", "", "a.wav"}, {"b", "", "", "", "", ""}};
   DialogScript script;
   script.Expect(kSheetTitle, [&](HWND sheet) {
-    EXPECT_EQ(After(sheet, IDC_ADD_RECORD, VK_SPACE), "a b [c] | L[A]ERU");
+    EXPECT_EQ(After(sheet, IDC_ADD_ITEM, VK_SPACE), "a b [c] | L[A]ERU");
     EXPECT_EQ(After(sheet, IDC_MOVE_UP, VK_SPACE), "a [c] b | LAER[U]D");
     EXPECT_EQ(After(sheet, IDC_MOVE_UP, VK_SPACE), "[c] a b | [L]AERD");
     EXPECT_EQ(After(sheet, IDC_MOVE_DOWN, VK_SPACE), "a [c] b | LAERU[D]");
-    EXPECT_EQ(After(sheet, IDC_RECORD_LIST, VK_INSERT), "a [c] b | [L]AERUD");
+    EXPECT_EQ(After(sheet, IDC_ITEM_LIST, VK_INSERT), "a [c] b | [L]AERUD");
     SelectRow(List(sheet), 0);
     SendMessageA(List(sheet), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(10, 30));
     EXPECT_EQ(ListCellText(List(sheet), 0, 1), "https://new");
-    EXPECT_EQ(After(sheet, IDC_EDIT_RECORD, VK_SPACE), "[new] c b | LA[E]RD");
+    EXPECT_EQ(After(sheet, IDC_EDIT_ITEM, VK_SPACE), "[new] c b | LA[E]RD");
     EXPECT_EQ(page.Links, (std::vector<WebLink>{{"new", "https://new", "", "", "", "a.wav"},
                                                 {"c", "c.example/100%25?x", "", "", "", ""},
                                                 {"b", "", "", "", "", ""}}));
-    EXPECT_EQ(After(sheet, IDC_REMOVE_RECORD, VK_SPACE), "[c] b | LAE[R]D");
-    EXPECT_EQ(After(sheet, IDC_RECORD_LIST, VK_DELETE), "[b] | [L]AER");
-    EXPECT_EQ(After(sheet, IDC_REMOVE_RECORD, VK_SPACE), "| L[A]");
-    EXPECT_EQ(After(sheet, IDC_RECORD_LIST, VK_DELETE), "| [L]A");
+    EXPECT_EQ(After(sheet, IDC_REMOVE_ITEM, VK_SPACE), "[c] b | LAE[R]D");
+    EXPECT_EQ(After(sheet, IDC_ITEM_LIST, VK_DELETE), "[b] | [L]AER");
+    EXPECT_EQ(After(sheet, IDC_REMOVE_ITEM, VK_SPACE), "| L[A]");
+    EXPECT_EQ(After(sheet, IDC_ITEM_LIST, VK_DELETE), "| [L]A");
     Click(sheet, IDOK);
   });
   script.Expect(kLinkTitle, EnterLink("c", "c.example/100%25?x"));
@@ -117,7 +118,7 @@ TEST_F(ListPages, LinksNeedANameAndAUrlAndKeepTheirPicture) {
     script.ExpectMessage("Missing URL", "The URL is missing.\n\rPlease enter the URL and try again.");
     script.Expect("Invalid characters in URL", &PressOK);
     script.ExpectMessage("Error: Text too long", "There is a limit of 100 characters");
-    EXPECT_EQ(CWebLinkDialog(link).DoModal(nullptr), IDOK);
+    EXPECT_EQ(CWebLinkDialog(link, Folders()).DoModal(nullptr), IDOK);
     EXPECT_EQ(link, (WebLink{"Name", "www.example.com", each.expected, std::string(100, 'l'), "", "a.wav"}));
   }
 }
@@ -125,11 +126,12 @@ TEST_F(ListPages, LinksNeedANameAndAUrlAndKeepTheirPicture) {
 TEST_F(ListPages, RootsAreEditedWithTheirPictures) {
   AddPicture("Default\\A.bmp");
   const std::string globe = AddPicture("Icons\\Globe.ico"), elsewhere = AddPicture("Elsewhere\\D.bmp");
-  CPage3 page;
+  const PictureFolders folders = Folders();
+  CPage3 page(folders);
   page.Roots = {{"My Work", "H:\\", 3, "A.bmp", "Gone.bmp", "long", "short", "open.wav", 0}};
   DialogScript script;
   script.Expect(kSheetTitle, [](HWND sheet) {
-    EXPECT_EQ(After(sheet, IDC_EDIT_RECORD, VK_SPACE), "[Shared] | LA[E]R");
+    EXPECT_EQ(After(sheet, IDC_EDIT_ITEM, VK_SPACE), "[Shared] | LA[E]R");
     const char* cells[] = {"Shared", "S:\\Shared", "12", "Denied"};
     for (int column = 0; column < 4; ++column)
       EXPECT_EQ(ListCellText(List(sheet), 0, column), cells[column]);
@@ -192,7 +194,7 @@ TEST_F(ListPages, RootsNeedANameAndAPathAndKeepNumbersThatCannotBeShown) {
       script.ExpectMessage("Path Error", "You must enter a path for this root");
     script.Expect("Error: Illegal Character", &PressOK);
     script.ExpectMessage("Error: Text too long", "There is a limit of 50 characters");
-    EXPECT_EQ(CRootPropertiesDialog(root).DoModal(nullptr), IDOK);
+    EXPECT_EQ(CRootPropertiesDialog(root, Folders()).DoModal(nullptr), IDOK);
     EXPECT_EQ(root.RootDisplayName + root.RootPath + root.ShortToolTip, "NameC:\\" + std::string(50, 's'));
     EXPECT_EQ(root.FolderLevels, each.expectedLevels);
     EXPECT_EQ(root.DenyModify, each.expectedDeny);

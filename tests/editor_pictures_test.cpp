@@ -18,7 +18,7 @@ TEST_F(Pictures, AreListedAndStoredByTheNameThatFindsThem) {
   const std::string c = AddPicture("Icons\\C.ico"), d = AddPicture("Icons\\D.bmp");
   const std::string hidden = AddPicture("User\\b.bmp"), elsewhere = AddPicture("Elsewhere\\E.bmp");
   AddPicture("Default\\Old.bmpx");
-  const PictureFolders folders;
+  const PictureFolders folders = Folders();
   for (const auto& [path, stored] :
        {std::pair{a, std::string("A.BMP")}, {b, "b.bmp"}, {c, c}, {hidden, hidden}, {elsewhere, elsewhere}}) {
     EXPECT_EQ(folders.StoredName(path), stored);

@@ -60,13 +60,13 @@ class SchemeCommandsTest : public RegistryTest {
   bool Edit(DialogScript::Action act, const std::vector<const char*>& names = {}, std::size_t index = 1) {
     script_.Expect(kExisting, std::move(act));
     ExpectNameProblems(names);
-    return EditScheme(nullptr, catalogue_, index);
+    return EditScheme(nullptr, catalogue_, index, folders_);
   }
   std::optional<std::string> Create(DialogScript::Action choose, DialogScript::Action act,
                                     const std::vector<const char*>& names = {}) {
     script_.Expect("Scheme Creation", std::move(choose)).Expect("New Scheme Properties", std::move(act));
     ExpectNameProblems(names);
-    return CreateScheme(nullptr, catalogue_, "Staff");
+    return CreateScheme(nullptr, catalogue_, "Staff", folders_);
   }
 
   // The schemes with their descriptions in the registry, which have to be those of the catalogue, also once
@@ -83,6 +83,7 @@ class SchemeCommandsTest : public RegistryTest {
   }
 
   SchemeCatalogue catalogue_;
+  const PictureFolders folders_{"", "", ""};
   DialogScript script_;
 };
 
@@ -108,7 +109,7 @@ TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
     for (const int tab : {IDC_GENERAL_PROGRAMS, IDC_GENERAL_FILES, IDC_GENERAL_LINKS})
       Click(Page(sheet, 0), tab);
     for (const int list : {1, 2})
-      Click(Page(sheet, list), IDC_REMOVE_RECORD);
+      Click(Page(sheet, list), IDC_REMOVE_ITEM);
     Name("Others", "x")(sheet);
   });
   script_.Expect("Tab Selection Error", [&](HWND box) {
@@ -121,7 +122,7 @@ TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
     Click(Page(sheet, 0), IDC_GENERAL_FILES);
     Click(sheet, IDOK);
   });
-  EXPECT_TRUE(EditScheme(owner, catalogue_, 1));
+  EXPECT_TRUE(EditScheme(owner, catalogue_, 1, folders_));
   DestroyWindow(owner);
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "Others: x", "Standard: Built in"}));
   const SchemeProperties& scheme = catalogue_.Schemes[1];

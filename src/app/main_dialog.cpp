@@ -37,6 +37,8 @@ UniqueIcon LoadIconOfSize(UINT id, int size) {
       LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
 }
 
+PictureFolders Pictures() { return {GetDefaultPictures(), GetUserDefinedPictures(), GetIconPath()}; }
+
 }  // namespace
 
 CMainDialog::CMainDialog() : CDialog(IDD_MAIN) {}
@@ -63,13 +65,13 @@ void CMainDialog::SetUpButtons() {
   helperButton_.Attach(Item(IDC_CHOOSE_HELPER));
   helperButton_.SetIcon(IDI_HELPER, kButtonIconSize);
   for (CImageButton* button : {&allocateButton_, &helperButton_}) {
-    button->SetColour(CImageButton::kBackgroundColour, GetSysColor(COLOR_BTNFACE));
-    button->SetColour(CImageButton::kTextColour, kButtonText);
+    button->SetColour(CImageButton::kBackgroundColour, [] { return GetSysColor(COLOR_BTNFACE); });
+    button->SetColour(CImageButton::kTextColour, [] { return kButtonText; });
   }
   helpButton_.Attach(Item(IDC_HELP_MENU));
   helpButton_.SetIcon(IDI_HELP, kButtonIconSize);
   helpButton_.SetTooltip("Help and About");
-  helpButton_.SetColour(CImageButton::kBackgroundColour, GetSysColor(COLOR_BTNFACE));
+  helpButton_.SetColour(CImageButton::kBackgroundColour, [] { return GetSysColor(COLOR_BTNFACE); });
   helpButton_.SetMenu(IDM_HELP_MENU);
 }
 
@@ -182,13 +184,13 @@ void CMainDialog::ShowAbout() {
 void CMainDialog::EditSelectedScheme() {
   const int row = SelectedRow(list_);
   if (row < 0) return;
-  if (EditScheme(Window(), catalogue_, static_cast<std::size_t>(row))) FillList(row);
+  if (EditScheme(Window(), catalogue_, static_cast<std::size_t>(row), Pictures())) FillList(row);
 }
 
 void CMainDialog::CreateNewScheme() {
   const int row = SelectedRow(list_);
   const auto created =
-      CreateScheme(Window(), catalogue_, row < 0 ? std::string() : ListCellText(list_, row, 0));
+      CreateScheme(Window(), catalogue_, row < 0 ? std::string() : ListCellText(list_, row, 0), Pictures());
   if (created) FillList(FindRow(*created));
 }
 

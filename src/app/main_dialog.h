@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "base/unique_handle.h"
 #include "controls/dialog.h"
 #include "controls/image_button.h"
+#include "controls/window_handles.h"
 #include "registry/catalogue/scheme_catalogue.h"
 
 class CMainDialog : public CDialog {

@@ -1,12 +1,11 @@
 // Owners of Windows handles.
 //
 // A UniqueHandle closes what it holds, once, when it is reset or destroyed. It can be moved, not copied.
-// One alias a kind of handle; shared handles (stock objects, LR_SHARED icons) have no owner and stay raw.
+// One alias a kind of handle; those of windows are in controls/window_handles.h.
 #pragma once
 
 #include <windows.h>
 
-#include <commctrl.h>
 #include <type_traits>
 #include <utility>
 
@@ -49,10 +48,6 @@ class UniqueHandle {
 
 using UniqueKey = UniqueHandle<HKEY, &RegCloseKey>;
 using UniqueFile = UniqueHandle<HANDLE, &CloseHandle>;
+using UniqueFind = UniqueHandle<HANDLE, &FindClose>;
 using UniqueProcess = UniqueHandle<HANDLE, &CloseHandle>;
-using UniqueIcon = UniqueHandle<HICON, &DestroyIcon>;
-using UniqueBitmap = UniqueHandle<HBITMAP, &DeleteObject>;
-using UniqueBrush = UniqueHandle<HBRUSH, &DeleteObject>;
-using UniqueFont = UniqueHandle<HFONT, &DeleteObject>;
-using UniqueImageList = UniqueHandle<HIMAGELIST, &ImageList_Destroy>;
-using UniqueMenu = UniqueHandle<HMENU, &DestroyMenu>;
+using UniqueSnapshot = UniqueHandle<HANDLE, &CloseHandle>;

@@ -2,9 +2,15 @@
 
 #include <commctrl.h>
 
-#include <exception>
-
+#include "controls/callback.h"
 #include "controls/window_text.h"
+
+namespace {
+
+// Posted while the dialog is filled: the text of the control wParam has changed.
+constexpr UINT kTextFilled = WM_APP + 0x2C;
+
+}  // namespace
 
 INT_PTR CDialog::DoModal(HWND owner) {
   return DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(templateId_), owner, &Procedure,
@@ -24,6 +30,13 @@ void CDialog::FocusItem(int id) {
   SendMessageA(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(id)), TRUE);
 }
 
+void CDialog::OnHelp() {
+  HWND outermost = GetAncestor(window_, GA_ROOT);
+  while (const HWND owner = GetWindow(outermost, GW_OWNER))
+    outermost = owner;
+  if (outermost != window_) SendMessageA(outermost, WM_HELP, 0, 0);
+}
+
 INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
     reinterpret_cast<CDialog*>(lParam)->window_ = window;
@@ -31,15 +44,9 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LP
   }
   auto* self = reinterpret_cast<CDialog*>(GetWindowLongPtrA(window, DWLP_USER));
   if (!self) return FALSE;
-  try {
-    const INT_PTR answer = self->Route(message, wParam, lParam);
-    if (message == WM_NCDESTROY) self->window_ = nullptr;
-    return answer;
-  } catch (const std::exception&) {
-    self->initialising_ = false;  // else the dialog could not be closed any more
-    MessageBeep(MB_ICONERROR);
-    return FALSE;
-  }
+  const INT_PTR handled = GuardCallback(INT_PTR{FALSE}, [&] { return self->Route(message, wParam, lParam); });
+  if (message == WM_NCDESTROY) self->window_ = nullptr;
+  return handled;
 }
 
 INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -47,26 +54,49 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
       return Initialise();
+    case kTextFilled:
+      OnTextFilled(static_cast<int>(wParam));
+      return TRUE;
     case WM_COMMAND:
-      return initialising_ ? FALSE : RouteCommand(LOWORD(wParam), HIWORD(wParam));
+      if (!initialising_) return RouteCommand(LOWORD(wParam), HIWORD(wParam));
+      OnCommandWhileInitialising(wParam);
+      return TRUE;
     case WM_NOTIFY:
-      return Answer(OnNotify(*reinterpret_cast<const NMHDR*>(lParam)));
+      return Handled(OnNotify(*reinterpret_cast<const NMHDR*>(lParam)));
     case WM_HELP:
       OnHelp();
-      return Answer(TRUE);
+      return Handled(TRUE);
     case WM_DRAWITEM:
-      return Answer(SendMessageA(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem, kDrawYourself,
-                                 wParam, lParam));
+      return Handled(SendMessageA(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem, kDrawYourself,
+                                  wParam, lParam));
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      ForwardToControls(message, wParam, lParam);
+      return FALSE;
     default:
-      return OnMessage(message, wParam, lParam, result) ? Answer(result) : FALSE;
+      return OnMessage(message, wParam, lParam, result) ? Handled(result) : FALSE;
   }
 }
 
 bool CDialog::Initialise() {
+  enum { kLeaveFocus, kSetFocus, kFailed };
   initialising_ = true;
-  const bool setFocus = OnInitDialog();
+  const int result =
+      GuardCallback(int{kFailed}, [this]() -> int { return OnInitDialog() ? kSetFocus : kLeaveFocus; });
   initialising_ = false;
-  return setFocus;
+  if (result == kFailed) OnInitFailed();
+  return result == kSetFocus;
+}
+
+void CDialog::OnCommandWhileInitialising(WPARAM wParam) {
+  if (HIWORD(wParam) == EN_CHANGE) PostMessageA(window_, kTextFilled, LOWORD(wParam), 0);
+}
+
+void CDialog::OnTextFilled(int id) {
+  // Windows shows a modal dialog when no message waits any more, which is later.
+  const HWND root = GetAncestor(window_, GA_ROOT);
+  if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
+  OnCommand(id, EN_CHANGE);
 }
 
 INT_PTR CDialog::RouteCommand(int id, int code) {
@@ -77,13 +107,22 @@ INT_PTR CDialog::RouteCommand(int id, int code) {
     case IDCANCEL:
       OnCancel();
       break;
+    case IDHELP:
+      OnHelp();
+      break;
     default:
       OnCommand(id, code);
   }
   return TRUE;
 }
 
-INT_PTR CDialog::Answer(LRESULT result) {
+// Windows tells the dialog alone of new system colours.
+void CDialog::ForwardToControls(UINT message, WPARAM wParam, LPARAM lParam) {
+  for (HWND control = GetWindow(window_, GW_CHILD); control; control = GetWindow(control, GW_HWNDNEXT))
+    SendMessageA(control, message, wParam, lParam);
+}
+
+INT_PTR CDialog::Handled(LRESULT result) {
   SetWindowLongPtrA(window_, DWLP_MSGRESULT, result);
   return TRUE;
 }

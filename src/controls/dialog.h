@@ -1,8 +1,8 @@
 // A modal dialog from a resource template.
 //
 // A dialog lives on the stack of the command that runs it. One static procedure connects the window to its
-// object and routes messages to the virtual functions below. An exception that reaches it (memory is
-// exhausted) ends the message, not the program.
+// object and routes messages to the virtual functions below. An exception that reaches it ends the message,
+// not the program; a dialog that could not be filled is ended, so that nobody confirms what it does not show.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +20,7 @@ class CDialog {
   CDialog(const CDialog&) = delete;
   CDialog& operator=(const CDialog&) = delete;
 
-  // Shows the dialog until it is ended (DialogBoxParamA). Answers what EndDialog was given, -1 when the
+  // Shows the dialog until it is ended (DialogBoxParamA). Returns what EndDialog was given, -1 when the
   // dialog could not be made. `owner` is disabled meanwhile; it may be null.
   INT_PTR DoModal(HWND owner);
 
@@ -28,18 +28,21 @@ class CDialog {
   HWND Window() const { return window_; }
 
  protected:
-  // WM_INITDIALOG. Answers true when Windows is to set the focus to the first control, false when it is set.
+  // WM_INITDIALOG. Returns true when Windows is to set the focus to the first control, false when it is set.
   virtual bool OnInitDialog() { return true; }
-  // WM_COMMAND of every control and menu, but for OK and Cancel. Not called for what controls send while
-  // OnInitDialog fills them: what arrives is the user's doing.
+  // WM_COMMAND of every control and menu, but for OK, Cancel and Help. Of what controls send while
+  // OnInitDialog fills them only the changed texts arrive (EN_CHANGE), and not before the window is on the
+  // screen: their handlers may show messages over it.
   virtual void OnCommand(int /*id*/, int /*code*/) {}
   // WM_NOTIFY; the result goes back to the control.
   virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
-  // WM_HELP: F1.
-  virtual void OnHelp() {}
+  // F1 (WM_HELP) or the Help button. Goes on to the outermost of the owner windows, which knows the help.
+  virtual void OnHelp();
   // The OK button or Enter; the Cancel button, Esc or the close box.
   virtual void OnOK() { EndDialog(IDOK); }
   virtual void OnCancel() { EndDialog(IDCANCEL); }
+  // OnInitDialog has failed: ends the dialog with -1.
+  virtual void OnInitFailed() { EndDialog(-1); }
   // Every message that has no function of its own. True when it was handled, with its result.
   virtual bool OnMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/, LRESULT& /*result*/) {
     return false;
@@ -69,9 +72,12 @@ class CDialog {
  private:
   INT_PTR Route(UINT message, WPARAM wParam, LPARAM lParam);
   bool Initialise();
+  void OnCommandWhileInitialising(WPARAM wParam);
+  void OnTextFilled(int id);
   INT_PTR RouteCommand(int id, int code);
+  void ForwardToControls(UINT message, WPARAM wParam, LPARAM lParam);
   // Hands a message's result to the system (DWLP_MSGRESULT).
-  INT_PTR Answer(LRESULT result);
+  INT_PTR Handled(LRESULT result);
 
   const UINT templateId_;
   HWND window_ = nullptr;

@@ -5,7 +5,8 @@
 
 #include <array>
 
-#include "controls/working_folder.h"
+#include "controls/callback.h"
+#include "controls/file_dialog.h"
 
 namespace {
 
@@ -59,36 +60,34 @@ CDirDlg::CDirDlg(std::string initialFolder, HWND parent)
     : initialFolder_(std::move(initialFolder)), parent_(parent) {}
 
 INT_PTR CDirDlg::DoModal() {
-  const WorkingFolderKeeper keeper;
-  PathBuffer file{};
-  OPENFILENAMEA dialog{};
-  dialog.lStructSize = sizeof(dialog);
-  dialog.hwndOwner = parent_;
-  dialog.lpstrFilter = kFilter;
-  dialog.lpstrFile = file.data();
-  dialog.nMaxFile = static_cast<DWORD>(file.size());
-  dialog.lpstrInitialDir = initialFolder_.size() < MAX_PATH ? initialFolder_.c_str() : nullptr;
-  dialog.lpstrTitle = "Choose a Folder";
-  dialog.Flags = OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_EXPLORER | OFN_ENABLEHOOK;
-  dialog.lCustData = reinterpret_cast<LPARAM>(this);
-  dialog.lpfnHook = &Hook;
   selected_ = false;
   folderPath_.clear();
-  // Its answer tells nothing: the frame is closed behind its back.
-  GetOpenFileNameA(&dialog);
+  // The result tells nothing: the frame is closed behind the dialog's back.
+  AskForFileToOpen({.Owner = parent_,
+                    .Title = "Choose a Folder",
+                    .Filter = kFilter,
+                    .Flags = OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT | OFN_ENABLEHOOK,
+                    .Folder = initialFolder_,
+                    .Hook = &Hook,
+                    .HookData = reinterpret_cast<LPARAM>(this)});
   return selected_ ? IDOK : IDCANCEL;
 }
 
 UINT_PTR CALLBACK CDirDlg::Hook(HWND child, UINT message, WPARAM, LPARAM lParam) {
   if (message != WM_NOTIFY) return 0;
   const auto& notification = *reinterpret_cast<const OFNOTIFYA*>(lParam);
+  auto* self = reinterpret_cast<CDirDlg*>(notification.lpOFN->lCustData);
+  return GuardCallback(UINT_PTR{0}, [&] { return self->OnEvent(child, notification.hdr.code); });
+}
+
+UINT_PTR CDirDlg::OnEvent(HWND child, UINT event) {
   const HWND frame = GetParent(child);
-  switch (notification.hdr.code) {
+  switch (event) {
     case CDN_INITDONE:
-      reinterpret_cast<CDirDlg*>(notification.lpOFN->lCustData)->OnInitDone(frame);
+      OnInitDone(frame);
       return 0;
     case CDN_FOLDERCHANGE:
-      reinterpret_cast<CDirDlg*>(notification.lpOFN->lCustData)->OnFolderChange(frame);
+      OnFolderChange(frame);
       return 0;
     case CDN_FILEOK:
       // A typed file name never closes the dialog.
@@ -101,15 +100,20 @@ UINT_PTR CALLBACK CDirDlg::Hook(HWND child, UINT message, WPARAM, LPARAM lParam)
 
 LRESULT CALLBACK CDirDlg::FrameProcedure(HWND frame, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                          DWORD_PTR self) {
-  auto& chooser = *reinterpret_cast<CDirDlg*>(self);
+  return GuardCallback(LRESULT{0}, [&] {
+    return reinterpret_cast<CDirDlg*>(self)->OnFrameMessage(frame, message, wParam, lParam);
+  });
+}
+
+LRESULT CDirDlg::OnFrameMessage(HWND frame, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
       if (LOWORD(wParam) != kSelectId) break;
-      if (HIWORD(wParam) == BN_CLICKED) chooser.OnSelect(frame);
+      if (HIWORD(wParam) == BN_CLICKED) OnSelect(frame);
       return 0;
     case DM_SETDEFID:
       // The dialog makes its own, hidden button the default when the list gets the focus.
-      wParam = chooser.folderPath_.empty() ? IDOK : kSelectId;
+      wParam = folderPath_.empty() ? IDOK : kSelectId;
       break;
     case WM_NCDESTROY:
       RemoveWindowSubclass(frame, &FrameProcedure, kSubclassId);

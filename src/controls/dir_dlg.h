@@ -1,5 +1,5 @@
 // A folder chooser: the standard open dialog (GetOpenFileNameA with OFN_EXPLORER and a hook), made to show
-// folders only. Its OK button gives way to "Select", and the folder being viewed is the answer.
+// folders only. Its OK button gives way to "Select", and the folder being viewed is the result.
 #pragma once
 
 #include <windows.h>
@@ -16,19 +16,21 @@ class CDirDlg {
   CDirDlg(const CDirDlg&) = delete;
   CDirDlg& operator=(const CDirDlg&) = delete;
 
-  // Answers IDOK when "Select" was clicked or Enter pressed, else IDCANCEL. Enter on a folder marked in the
+  // Returns IDOK when "Select" was clicked or Enter pressed, else IDCANCEL. Enter on a folder marked in the
   // list opens that folder. A name typed into the dialog neither closes it nor counts. The process keeps
   // its current folder.
   INT_PTR DoModal();
 
-  // The folder viewed last, ending in "\", after IDOK. "Select" is disabled where there is no path to
-  // answer, as in "My Computer".
+  // The folder viewed last, ending in "\", after IDOK. "Select" is disabled where what is viewed has no path,
+  // as "My Computer" has none.
   const std::string& FolderPath() const { return folderPath_; }
 
  private:
   static UINT_PTR CALLBACK Hook(HWND child, UINT message, WPARAM wParam, LPARAM lParam);
   static LRESULT CALLBACK FrameProcedure(HWND frame, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                          DWORD_PTR self);
+  UINT_PTR OnEvent(HWND child, UINT event);
+  LRESULT OnFrameMessage(HWND frame, UINT message, WPARAM wParam, LPARAM lParam);
   void OnInitDone(HWND frame);
   void OnSelect(HWND frame);
   void OnFolderChange(HWND frame);

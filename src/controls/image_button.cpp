@@ -3,7 +3,10 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <array>
 
+#include "controls/bitmap_images.h"
+#include "controls/callback.h"
 #include "controls/dialog.h"
 #include "controls/window_text.h"
 
@@ -29,22 +32,18 @@ class BackBuffer {
         area_(area),
         dc_(CreateCompatibleDC(target)),
         bitmap_(CreateCompatibleBitmap(target, area.right, area.bottom)),
-        before_(SelectObject(dc_, bitmap_.Get())) {}
-  ~BackBuffer() {
-    BitBlt(target_, 0, 0, area_.right, area_.bottom, dc_, 0, 0, SRCCOPY);
-    SelectObject(dc_, before_);
-    DeleteDC(dc_);
-  }
+        selected_(dc_.Get(), bitmap_.Get()) {}
+  ~BackBuffer() { BitBlt(target_, 0, 0, area_.right, area_.bottom, dc_.Get(), 0, 0, SRCCOPY); }
   BackBuffer(const BackBuffer&) = delete;
   BackBuffer& operator=(const BackBuffer&) = delete;
-  HDC Dc() const { return dc_; }
+  HDC Dc() const { return dc_.Get(); }
 
  private:
-  HDC target_;
-  RECT area_;
-  HDC dc_;
-  UniqueBitmap bitmap_;
-  HGDIOBJ before_;
+  const HDC target_;
+  const RECT area_;
+  const UniqueMemoryDc dc_;
+  const UniqueBitmap bitmap_;
+  const SelectedObject selected_;
 };
 
 bool IsHighContrast() {
@@ -96,6 +95,7 @@ struct CImageButton::Look {
   bool disabled;
   bool focusShown;
   bool mnemonicShown;
+  bool highContrast;
 };
 
 CImageButton::~CImageButton() { Detach(); }
@@ -103,8 +103,8 @@ CImageButton::~CImageButton() { Detach(); }
 void CImageButton::Attach(HWND button) {
   Detach();
   button_ = button;
-  background_ = GetSysColor(COLOR_BTNFACE);
-  textColour_ = GetSysColor(COLOR_BTNTEXT);
+  background_ = [] { return GetSysColor(COLOR_BTNFACE); };
+  textColour_ = [] { return GetSysColor(COLOR_BTNTEXT); };
   const LONG style = GetWindowLongA(button, GWL_STYLE);
   default_ = (style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
   SetWindowLongA(button, GWL_STYLE, (style & ~BS_TYPEMASK) | BS_OWNERDRAW);
@@ -129,17 +129,8 @@ void CImageButton::SetIcon(UINT iconId, int size) {
   Redraw();
 }
 
-void CImageButton::SetBitmaps(UINT first, UINT second, COLORREF transparent) {
-  pictures_.Reset();
-  for (const UINT id : {first, second}) {
-    const UniqueBitmap bitmap(static_cast<HBITMAP>(
-        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id), IMAGE_BITMAP, 0, 0, LR_LOADMAP3DCOLORS)));
-    BITMAP size{};
-    if (!GetObjectA(bitmap.Get(), sizeof(size), &size)) continue;
-    if (!pictures_)
-      pictures_.Reset(ImageList_Create(size.bmWidth, size.bmHeight, ILC_COLOR24 | ILC_MASK, 2, 0));
-    ImageList_AddMasked(pictures_.Get(), bitmap.Get(), transparent);
-  }
+void CImageButton::SetBitmaps(UINT first, UINT second) {
+  pictures_ = LoadBitmapImages(std::array{first, second});
   pictureAbove_ = true;
   Redraw();
 }
@@ -174,7 +165,7 @@ void CImageButton::SendTool(UINT message) {
   SendMessageA(tooltip_, message, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void CImageButton::SetColour(int slot, COLORREF colour) {
+void CImageButton::SetColour(int slot, Colour colour) {
   if (slot == kBackgroundColour) background_ = colour;
   if (slot == kTextColour) textColour_ = colour;
   Redraw();
@@ -194,7 +185,8 @@ void CImageButton::SetSelected(bool selected) {
 
 LRESULT CALLBACK CImageButton::Procedure(HWND, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
                                          DWORD_PTR self) {
-  return reinterpret_cast<CImageButton*>(self)->Route(message, wParam, lParam);
+  return GuardCallback(LRESULT{0},
+                       [&] { return reinterpret_cast<CImageButton*>(self)->Route(message, wParam, lParam); });
 }
 
 LRESULT CImageButton::Route(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -247,7 +239,9 @@ LRESULT CImageButton::Route(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_SETTEXT:
     case WM_ENABLE:
-    case WM_UPDATEUISTATE: {
+    case WM_UPDATEUISTATE:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED: {
       const LRESULT result = DefSubclassProc(button_, message, wParam, lParam);
       Redraw();
       return result;
@@ -340,16 +334,14 @@ POINT CImageButton::MenuPosition(HMENU menu, UINT& flags) const {
   metrics.cbSize = sizeof(metrics);
   SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0);
   const UniqueFont font(CreateFontIndirectA(&metrics.lfMenuFont));
-  const HDC dc = GetDC(button_);
-  const HGDIOBJ before = SelectObject(dc, font.Get());
+  const WindowDc dc(button_);
+  const SelectedObject selected(dc.Get(), font.Get());
   LONG widest = 0;
   for (int i = 0; i < GetMenuItemCount(menu); ++i) {
     char text[128] = "";
     GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof(text), MF_BYPOSITION);
-    widest = std::max(widest, TextSize(dc, text).cx);
+    widest = std::max(widest, TextSize(dc.Get(), text).cx);
   }
-  SelectObject(dc, before);
-  ReleaseDC(button_, dc);
   // A menu keeps room for a check mark before its texts and for a submenu's arrow after them.
   const LONG width = widest + 3 * GetSystemMetrics(SM_CXMENUCHECK);
 
@@ -363,12 +355,13 @@ CImageButton::Look CImageButton::CurrentLook(UINT itemState) const {
   const bool highContrast = IsHighContrast();
   const LRESULT hidden = SendMessageA(button_, WM_QUERYUISTATE, 0, 0);
   Look look{};
+  look.highContrast = highContrast;
   look.pressed = itemState & ODS_SELECTED;
   look.disabled = itemState & ODS_DISABLED;
   look.focusShown = (itemState & ODS_FOCUS) && !(hidden & UISF_HIDEFOCUS);
   look.mnemonicShown = !(hidden & UISF_HIDEACCEL);
-  look.face = highContrast ? GetSysColor(COLOR_BTNFACE) : background_;
-  look.text = highContrast ? GetSysColor(COLOR_BTNTEXT) : textColour_;
+  look.face = highContrast ? GetSysColor(COLOR_BTNFACE) : background_();
+  look.text = highContrast ? GetSysColor(COLOR_BTNTEXT) : textColour_();
   look.frame = GetSysColor(highContrast ? COLOR_BTNTEXT : COLOR_BTNSHADOW);
   look.frameWidth = default_ || selected_ ? 2 : 1;
   if (look.disabled) {
@@ -388,10 +381,9 @@ void CImageButton::Draw(const DRAWITEMSTRUCT& item) const {
   const BackBuffer buffer(item.hDC, area);
   const Look look = CurrentLook(item.itemState);
   const auto font = reinterpret_cast<HFONT>(SendMessageA(button_, WM_GETFONT, 0, 0));
-  const HGDIOBJ before = SelectObject(buffer.Dc(), font ? font : GetStockObject(DEFAULT_GUI_FONT));
+  const SelectedObject selected(buffer.Dc(), font ? font : GetStockObject(DEFAULT_GUI_FONT));
   DrawFace(buffer.Dc(), area, look);
   DrawContent(buffer.Dc(), area, look);
-  SelectObject(buffer.Dc(), before);
 }
 
 void CImageButton::DrawFace(HDC dc, const RECT& area, const Look& look) const {
@@ -404,6 +396,8 @@ void CImageButton::DrawFace(HDC dc, const RECT& area, const Look& look) const {
   if (!look.focusShown) return;
   RECT focus = area;
   InflateRect(&focus, -kFocusInset, -kFocusInset);
+  // The ordinary focus rectangle inverts the ground, which hardly shows on a middle grey.
+  if (look.highContrast) return Frame(dc, focus, look.text);
   SetTextColor(dc, 0);
   SetBkColor(dc, RGB(255, 255, 255));
   DrawFocusRect(dc, &focus);

@@ -11,7 +11,7 @@
 
 #include <string>
 
-#include "base/unique_handle.h"
+#include "controls/window_handles.h"
 
 class CImageButton {
  public:
@@ -34,18 +34,19 @@ class CImageButton {
   // resource leaves the text alone on the button.
   void SetIcon(UINT iconId, int size);
   // Two bitmaps of the program, of the same size, drawn above the text: the first while the button is not
-  // selected, the second while it is. Pixels of the colour `transparent` show the background (LoadImageA
-  // with LR_LOADMAP3DCOLORS, natural size). Such a button is chosen, by mouse or Space, rather than pressed:
-  // it never becomes the default button, so that Enter confirms the dialog.
-  void SetBitmaps(UINT first, UINT second, COLORREF transparent);
+  // selected, the second while it is (LoadBitmapImages). Such a button is chosen, by mouse or Space, rather
+  // than pressed: it never becomes the default button, so that Enter confirms the dialog.
+  void SetBitmaps(UINT first, UINT second);
   // Whether the window's text is drawn; it is at first. Screen readers and mnemonics use it in any case.
   void ShowCaption(bool show);
   // Shown while the mouse rests on the button. A button that has no text takes the tooltip as its text, not
   // drawn, so that it has a name.
   void SetTooltip(const std::string& text);
-  // Colours are COLOR_BTNFACE and COLOR_BTNTEXT at first. Other slots are ignored, and under a
-  // high-contrast scheme the system's colours are drawn.
-  void SetColour(int slot, COLORREF colour);
+  // A colour is asked for at each drawing, so that one made from the system's follows a change of those.
+  // COLOR_BTNFACE and COLOR_BTNTEXT at first. Other slots are ignored, and under a high-contrast scheme the
+  // system's colours are drawn.
+  using Colour = COLORREF (*)();
+  void SetColour(int slot, Colour colour);
   // The first pop-up of a menu of the program drops down from the button: when the mouse presses it and by
   // Space, Enter, Down, Alt+Down and F4. The chosen command reaches the dialog as a posted WM_COMMAND; the
   // button sends no BN_CLICKED any more.
@@ -84,8 +85,8 @@ class CImageButton {
   std::string tooltipText_;
   UniqueImageList pictures_;
   UniqueMenu menu_;
-  COLORREF background_ = 0;
-  COLORREF textColour_ = 0;
+  Colour background_ = nullptr;
+  Colour textColour_ = nullptr;
   bool pictureAbove_ = false;
   bool captionShown_ = true;
   bool default_ = false;

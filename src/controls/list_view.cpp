@@ -2,8 +2,11 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace {
 
+constexpr int kLeastColumnWidth = 40;
 constexpr std::size_t kFirstCellBuffer = 512;
 constexpr std::size_t kLongestCell = 64 * 1024;
 
@@ -33,6 +36,17 @@ void SetListCell(HWND list, int row, int column, const char* text) {
   item.iSubItem = column;
   item.pszText = const_cast<char*>(text);
   SendMessageA(list, LVM_SETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+void StretchListColumn(HWND list, int column) {
+  RECT client{};
+  GetClientRect(list, &client);
+  const int columns = Header_GetItemCount(ListView_GetHeader(list));
+  int width = client.right;
+  for (int i = 0; i < columns; ++i) {
+    if (i != column) width -= ListView_GetColumnWidth(list, i);
+  }
+  ListView_SetColumnWidth(list, column, std::max(width, kLeastColumnWidth));
 }
 
 std::string ListCellText(HWND list, int row, int column) {

@@ -12,6 +12,10 @@ void InsertListColumn(HWND list, int index, const char* title, int width);
 void InsertListRow(HWND list, int row, const char* text, int image, LPARAM data = 0);
 void SetListCell(HWND list, int row, int column, const char* text);
 
+// Gives a column the width that the others leave in the list, less the scroll bar where there is one; a
+// little where they leave none (LVM_SETCOLUMNWIDTH).
+void StretchListColumn(HWND list, int column);
+
 // The text of a cell, "" where there is none. Cut at 64 KiB (LVM_GETITEMTEXTA).
 std::string ListCellText(HWND list, int row, int column);
 

@@ -1,16 +1,16 @@
 #include "editor/files_page.h"
 
 #include "editor/root_properties_dialog.h"
-#include "resources/resource_ids.h"
 
 namespace {
 
 enum Column { kName, kPath, kLevels, kMayChange };
-constexpr ListColumn kColumns[] = {{"Name", 30}, {"Path", 29}, {"Levels", 19}, {"Changes", 22}};
+constexpr ListColumn kColumns[] = {{"Name", 30}, {"Path", 0}, {"Levels", 17}, {"Changes", 20}};
+constexpr ItemListTexts kTexts{"Files and Folders", "&Folders:", kColumns};
 
 }  // namespace
 
-CPage3::CPage3() : CRecordListPage(IDD_FILES_PAGE, kColumns, Roots) {}
+CPage3::CPage3(const PictureFolders& folders) : CItemListPage(kTexts, Roots), folders_(folders) {}
 
 std::string CPage3::CellText(const FolderRoot& root, int column) const {
   switch (column) {
@@ -27,4 +27,6 @@ std::string CPage3::CellText(const FolderRoot& root, int column) const {
   }
 }
 
-bool CPage3::RunDialog(FolderRoot& root) { return CRootPropertiesDialog(root).DoModal(Window()) == IDOK; }
+bool CPage3::RunDialog(FolderRoot& root) {
+  return CRootPropertiesDialog(root, folders_).DoModal(Window()) == IDOK;
+}

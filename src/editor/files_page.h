@@ -2,16 +2,20 @@
 // order.
 #pragma once
 
-#include "editor/record_list_page.h"
+#include "editor/item_list_page.h"
+#include "editor/pictures.h"
 #include "model/scheme_properties.h"
 
-class CPage3 : public CRecordListPage<FolderRoot> {
+class CPage3 : public CItemListPage<FolderRoot> {
  public:
-  CPage3();
+  // `folders` must outlive the page.
+  explicit CPage3(const PictureFolders& folders);
 
   std::vector<FolderRoot> Roots;  // edited in place, whatever becomes of the sheet
 
  private:
   std::string CellText(const FolderRoot& root, int column) const override;
   bool RunDialog(FolderRoot& root) override;
+
+  const PictureFolders& folders_;
 };

@@ -1,12 +1,13 @@
 #include "editor/general_page.h"
 
 #include <windows.h>
-// commctrl.h needs windows.h
+
 #include <commctrl.h>
 
 #include <algorithm>
 #include <iterator>
 
+#include "controls/bitmap_images.h"
 #include "controls/window_text.h"
 #include "editor/general_page_ids.h"
 #include "editor/text_entry.h"
@@ -77,16 +78,6 @@ constexpr View kViews[] = {
 int FindView(const std::string& value) {
   const auto* view = std::ranges::find(kViews, value, &View::Value);
   return view == std::end(kViews) ? -1 : static_cast<int>(view - kViews);
-}
-
-// Bitmaps of the product stand on magenta, which is to be seen through. A static control draws an icon
-// so, whatever the page's background.
-UniqueIcon LoadPicture(UINT bitmap) {
-  constexpr COLORREF kMagenta = RGB(255, 0, 255);
-  constexpr int kWidth = 32;
-  const UniqueImageList images(ImageList_LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(bitmap),
-                                                    kWidth, 1, kMagenta, IMAGE_BITMAP, LR_CREATEDIBSECTION));
-  return UniqueIcon(ImageList_GetIcon(images.Get(), 0, ILD_TRANSPARENT));
 }
 
 }  // namespace
@@ -174,9 +165,13 @@ void CPage1::ExchangeCheck(bool toControls, int id, bool& checked) {
   }
 }
 
+// A static control shows an icon with the page's background around it, a bitmap with its own.
 void CPage1::ShowPictures() {
+  std::array<UINT, kTabCount> bitmaps{};
+  std::ranges::transform(kTabs, bitmaps.begin(), &Tab::Bitmap);
+  const UniqueImageList images = LoadBitmapImages(bitmaps);
   for (std::size_t i = 0; i < kTabCount; ++i) {
-    pictures_[i] = LoadPicture(kTabs[i].Bitmap);
+    pictures_[i].Reset(ImageList_GetIcon(images.Get(), static_cast<int>(i), ILD_TRANSPARENT));
     SendItem(kTabs[i].Picture, STM_SETICON, reinterpret_cast<WPARAM>(pictures_[i].Get()));
   }
 }

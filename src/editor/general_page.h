@@ -4,8 +4,8 @@
 #include <array>
 #include <string>
 
-#include "base/unique_handle.h"
 #include "controls/property_sheet.h"
+#include "controls/window_handles.h"
 #include "model/scheme_properties.h"
 
 class CPage1 : public CPropertyPage {

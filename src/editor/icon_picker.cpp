@@ -3,11 +3,10 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <commdlg.h>
+#include <optional>
 
-#include "app/settings.h"
+#include "controls/file_dialog.h"
 #include "controls/message.h"
-#include "controls/working_folder.h"
 #include "editor/icon_picker_ids.h"
 #include "editor/thumbnail.h"
 #include "resources/resource_ids.h"
@@ -21,12 +20,7 @@ bool CIconPicker::OnInitDialog() {
 }
 
 void CIconPicker::OnCommand(int id, int /*code*/) {
-  switch (id) {
-    case IDC_BROWSE_PICTURE:
-      return Browse();
-    case IDHELP:
-      return OnHelp();
-  }
+  if (id == IDC_BROWSE_PICTURE) Browse();
 }
 
 LRESULT CIconPicker::OnNotify(const NMHDR& header) {
@@ -35,29 +29,22 @@ LRESULT CIconPicker::OnNotify(const NMHDR& header) {
   return list_.OnNotify(header);
 }
 
-void CIconPicker::OnHelp() { ShowHelp(); }
-
 void CIconPicker::OnOK() {
   picture_ = list_.Chosen();
   EndDialog(IDOK);
 }
 
 void CIconPicker::Browse() {
-  const WorkingFolderKeeper keeper;
-  char path[MAX_PATH] = "";
-  OPENFILENAMEA request{};
-  request.lStructSize = sizeof(request);
-  request.hwndOwner = Window();
-  request.lpstrFilter = "Pictures (*.bmp;*.ico)\0*.bmp;*.ico\0";
-  request.lpstrFile = path;
-  request.nMaxFile = sizeof(path);
-  request.lpstrTitle = "Browse for a Picture";
-  request.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY;
-  if (!GetOpenFileNameA(&request)) return;
-  if (!LoadThumbnail(path, kLargeThumbnailSize)) {
-    ShowWarning(Window(), FileNameOf(path) + "\n\nThis file cannot be used as a picture.", "Picture Problem");
+  const std::optional<ChosenFile> file = AskForFileToOpen({.Owner = Window(),
+                                                           .Title = "Browse for a Picture",
+                                                           .Filter = "Pictures (*.bmp;*.ico)\0*.bmp;*.ico\0",
+                                                           .Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST});
+  if (!file) return;
+  if (!LoadThumbnail(file->Path, kLargeThumbnailSize)) {
+    ShowWarning(Window(), FileNameOf(file->Path) + "\n\nThis file cannot be used as a picture.",
+                "Picture Problem");
     return;
   }
-  list_.Select(path);
+  list_.Select(file->Path);
   FocusItem(IDC_PICTURES);
 }

@@ -19,7 +19,6 @@ class CIconPicker : public CDialog {
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;
-  void OnHelp() override;
   void OnOK() override;
 
  private:

@@ -1,16 +1,20 @@
 // The Links page of the scheme property sheet: the web links that the shell offers, in their order.
 #pragma once
 
-#include "editor/record_list_page.h"
+#include "editor/item_list_page.h"
+#include "editor/pictures.h"
 #include "model/scheme_properties.h"
 
-class CPage2 : public CRecordListPage<WebLink> {
+class CPage2 : public CItemListPage<WebLink> {
  public:
-  CPage2();
+  // `folders` must outlive the page.
+  explicit CPage2(const PictureFolders& folders);
 
   std::vector<WebLink> Links;  // edited in place, whatever becomes of the sheet
 
  private:
   std::string CellText(const WebLink& link, int column) const override;
   bool RunDialog(WebLink& link) override;
+
+  const PictureFolders& folders_;
 };

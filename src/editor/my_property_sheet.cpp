@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "app/settings.h"
 #include "controls/message.h"
 
-CMyPropertySheet::CMyPropertySheet(std::string title, const SchemeProperties& scheme)
-    : CPropertySheet(std::move(title)), general_(scheme) {
+CMyPropertySheet::CMyPropertySheet(std::string title, const SchemeProperties& scheme,
+                                   const PictureFolders& folders)
+    : CPropertySheet(std::move(title)), general_(scheme), links_(folders), files_(folders) {
   links_.Links = scheme.WebLinks.Records;
   files_.Roots = scheme.FolderDisplay.Records;
   AddPage(general_);
@@ -29,5 +29,3 @@ void CMyPropertySheet::CopyTo(SchemeProperties& scheme) const {
   scheme.WebLinks.Assign(links_.Links);
   scheme.FolderDisplay.Assign(files_.Roots);
 }
-
-void CMyPropertySheet::OnHelp() { ShowHelp(); }

@@ -11,8 +11,8 @@
 
 class CMyPropertySheet : public CPropertySheet {
  public:
-  // The pages take over what they show of `scheme`.
-  CMyPropertySheet(std::string title, const SchemeProperties& scheme);
+  // The pages take over what they show of `scheme`. `folders` must outlive the sheet.
+  CMyPropertySheet(std::string title, const SchemeProperties& scheme, const PictureFolders& folders);
 
   // Shows the sheet until it is cancelled, or confirmed with at least one tab ticked: false or true. Shown
   // again after the message about the tabs, it keeps everything that was typed and chosen.
@@ -22,8 +22,6 @@ class CMyPropertySheet : public CPropertySheet {
   void CopyTo(SchemeProperties& scheme) const;
 
  private:
-  void OnHelp() override;
-
   CPage1 general_;
   CPage2 links_;
   CPage3 files_;

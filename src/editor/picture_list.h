@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "base/unique_handle.h"
+#include "controls/window_handles.h"
 #include "editor/pictures.h"
 
 class CPictureList {

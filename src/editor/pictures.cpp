@@ -4,12 +4,9 @@
 
 #include <algorithm>
 
-#include "app/settings.h"
 #include "base/unique_handle.h"
 
 namespace {
-
-using UniqueFind = UniqueHandle<HANDLE, &FindClose>;
 
 // The functions below answer lengths up to this, without the NUL.
 constexpr std::size_t kLongestPath = MAX_PATH - 1;
@@ -61,9 +58,6 @@ std::string CanonicalPath(const std::string& path) {
 }
 
 std::string FileNameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
-
-PictureFolders::PictureFolders()
-    : PictureFolders(GetDefaultPictures(), GetUserDefinedPictures(), GetIconPath()) {}
 
 PictureFolders::PictureFolders(const std::string& defaults, const std::string& userDefined,
                                const std::string& icons)

@@ -14,8 +14,7 @@ inline constexpr std::size_t kMaxPictures = 1000;
 // Looks at the files each time that it is asked; remembers nothing but where the folders are.
 class PictureFolders {
  public:
-  // The folders of this machine's settings. A folder that is not set, or is not there, holds nothing.
-  PictureFolders();
+  // A folder that is "", or is not there, holds nothing.
   PictureFolders(const std::string& defaults, const std::string& userDefined, const std::string& icons);
 
   // The file that a scheme means by `stored`, or "" when it is not on this machine. A bare name is looked for

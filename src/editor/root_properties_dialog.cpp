@@ -8,7 +8,6 @@
 #include <charconv>
 #include <limits>
 
-#include "app/settings.h"
 #include "controls/dir_dlg.h"
 #include "controls/message.h"
 #include "editor/icon_picker.h"
@@ -30,9 +29,10 @@ constexpr TextField<FolderRoot> kTextFields[] = {
 
 }  // namespace
 
-CRootPropertiesDialog::CRootPropertiesDialog(FolderRoot& root)
+CRootPropertiesDialog::CRootPropertiesDialog(FolderRoot& root, const PictureFolders& folders)
     : CDialog(IDD_ROOT_PROPERTIES),
       root_(root),
+      folders_(folders),
       closed_{&FolderRoot::CollapsedIconFile,
               IDC_CLOSED_THUMBNAIL,
               IDC_CLOSED_PICTURE,
@@ -60,8 +60,6 @@ void CRootPropertiesDialog::OnCommand(int id, int code) {
       return Choose(closed_);
     case IDC_CHOOSE_OPEN:
       return Choose(open_);
-    case IDHELP:
-      return OnHelp();
     default:
       if (code == EN_CHANGE) ApplyTextRules(Window(), kTextFields, id);
   }
@@ -97,8 +95,6 @@ std::uint32_t CRootPropertiesDialog::FolderLevels() const {
   std::from_chars(text.data(), text.data() + text.size(), levels);
   return std::min(levels, kMostFolderLevels);
 }
-
-void CRootPropertiesDialog::OnHelp() { ShowHelp(); }
 
 void CRootPropertiesDialog::OnOK() {
   const bool nameMissing = ItemText(IDC_ROOT_NAME).empty();

@@ -1,20 +1,20 @@
 // Edits one folder root.
 #pragma once
 
-#include "base/unique_handle.h"
 #include "controls/dialog.h"
+#include "controls/window_handles.h"
 #include "editor/pictures.h"
 #include "model/scheme_properties.h"
 
 class CRootPropertiesDialog : public CDialog {
  public:
-  // `root` is changed when the dialog is confirmed, and keeps what the dialog does not show.
-  explicit CRootPropertiesDialog(FolderRoot& root);
+  // `root` is changed when the dialog is confirmed, and keeps what the dialog does not show. `folders` must
+  // outlive the dialog.
+  CRootPropertiesDialog(FolderRoot& root, const PictureFolders& folders);
 
  protected:
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
-  void OnHelp() override;
   void OnOK() override;
 
  private:
@@ -33,7 +33,7 @@ class CRootPropertiesDialog : public CDialog {
   std::uint32_t FolderLevels() const;
 
   FolderRoot& root_;
-  PictureFolders folders_;
+  const PictureFolders& folders_;
   Picture closed_;
   Picture open_;
 };

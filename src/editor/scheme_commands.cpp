@@ -91,13 +91,13 @@ std::vector<std::string> SchemeNames(const SchemeCatalogue& catalogue) {
 
 }  // namespace
 
-bool EditScheme(HWND owner, SchemeCatalogue& catalogue, std::size_t index) {
+bool EditScheme(HWND owner, SchemeCatalogue& catalogue, std::size_t index, const PictureFolders& folders) {
   SchemeProperties edited = catalogue.Schemes[index];
   if (catalogue.IsProtected(edited.Name)) {
     ShowWarning(owner, edited.Name + " is a built in scheme and cannot be edited", "Error");
     return false;
   }
-  CMyPropertySheet sheet("Existing Scheme Properties", edited);
+  CMyPropertySheet sheet("Existing Scheme Properties", edited, folders);
   if (!sheet.Run(owner)) return false;
   sheet.CopyTo(edited);
   if (!SettleName(owner, catalogue, &catalogue.Schemes[index], edited.Name)) return false;
@@ -106,11 +106,11 @@ bool EditScheme(HWND owner, SchemeCatalogue& catalogue, std::size_t index) {
 }
 
 std::optional<std::string> CreateScheme(HWND owner, SchemeCatalogue& catalogue,
-                                        const std::string& selectedScheme) {
+                                        const std::string& selectedScheme, const PictureFolders& folders) {
   CSchemeCreationDialog creation(SchemeNames(catalogue), selectedScheme);
   if (creation.DoModal(owner) != IDOK) return std::nullopt;
   SchemeProperties created = FindSource(catalogue, creation.Source());
-  CMyPropertySheet sheet("New Scheme Properties", created);
+  CMyPropertySheet sheet("New Scheme Properties", created, folders);
   if (!sheet.Run(owner)) return std::nullopt;
   sheet.CopyTo(created);
   if (!SettleName(owner, catalogue, nullptr, created.Name)) return std::nullopt;

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 
+#include "editor/pictures.h"
 #include "registry/catalogue/scheme_catalogue.h"
 
 // Edits the scheme at `index` of the catalogue; a built-in one is refused with a message. True when the user
@@ -20,9 +21,9 @@
 // The value of the old name is replaced by one of the new name only if it could be deleted
 // (RegDeleteValueA). On a change of the name the key of the old one stays behind, with the sections that the
 // editor does not know and the allocations.
-bool EditScheme(HWND owner, SchemeCatalogue& catalogue, std::size_t index);
+bool EditScheme(HWND owner, SchemeCatalogue& catalogue, std::size_t index, const PictureFolders& folders);
 
 // Creates a scheme as a copy of another and appends it to the catalogue. Answers its name when the user
 // confirmed. `selectedScheme` is offered first as the one to copy; it may be "".
 std::optional<std::string> CreateScheme(HWND owner, SchemeCatalogue& catalogue,
-                                        const std::string& selectedScheme);
+                                        const std::string& selectedScheme, const PictureFolders& folders);

@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "base/unique_handle.h"
+#include "controls/window_handles.h"
 
 // Pictures in dialogs, and in lists to choose from.
 inline constexpr int kThumbnailSize = 32;

@@ -4,7 +4,6 @@
 
 #include <commctrl.h>
 
-#include "app/settings.h"
 #include "controls/message.h"
 #include "editor/text_entry.h"
 #include "editor/web_link_dialog_ids.h"
@@ -21,7 +20,8 @@ constexpr TextField<WebLink> kTextFields[] = {
 
 }  // namespace
 
-CWebLinkDialog::CWebLinkDialog(WebLink& link) : CDialog(IDD_WEB_LINK), link_(link), pictures_(folders_) {}
+CWebLinkDialog::CWebLinkDialog(WebLink& link, const PictureFolders& folders)
+    : CDialog(IDD_WEB_LINK), link_(link), folders_(folders), pictures_(folders) {}
 
 bool CWebLinkDialog::OnInitDialog() {
   ShowTextFields(Window(), kTextFields, link_);
@@ -30,15 +30,12 @@ bool CWebLinkDialog::OnInitDialog() {
 }
 
 void CWebLinkDialog::OnCommand(int id, int code) {
-  if (id == IDHELP) return OnHelp();
   if (code == EN_CHANGE) ApplyTextRules(Window(), kTextFields, id);
 }
 
 LRESULT CWebLinkDialog::OnNotify(const NMHDR& header) {
   return header.idFrom == IDC_LINK_PICTURES ? pictures_.OnNotify(header) : 0;
 }
-
-void CWebLinkDialog::OnHelp() { ShowHelp(); }
 
 void CWebLinkDialog::OnOK() {
   const std::string url = ItemText(IDC_LINK_URL);

@@ -7,18 +7,18 @@
 
 class CWebLinkDialog : public CDialog {
  public:
-  // `link` is changed when the dialog is confirmed, and keeps what the dialog does not show.
-  explicit CWebLinkDialog(WebLink& link);
+  // `link` is changed when the dialog is confirmed, and keeps what the dialog does not show. `folders` must
+  // outlive the dialog.
+  CWebLinkDialog(WebLink& link, const PictureFolders& folders);
 
  protected:
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;
-  void OnHelp() override;
   void OnOK() override;
 
  private:
   WebLink& link_;
-  PictureFolders folders_;
+  const PictureFolders& folders_;
   CPictureList pictures_;
 };

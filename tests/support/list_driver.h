@@ -10,7 +10,7 @@
 
 #include "controls/list_view.h"
 #include "controls/property_sheet.h"
-#include "editor/record_list_page_ids.h"
+#include "editor/item_list_page_ids.h"
 #include "support/dialog_script.h"
 
 // The row of a text in the first column, -1 when it is not there.

@@ -1,13 +1,13 @@
-// A machine with pictures: the settings name a default, a user-defined and an icon folder of the test's own.
+// A machine with pictures: a default, a user-defined and an icon folder of the test's own, and one elsewhere.
 #pragma once
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <string>
-#include <tuple>
 
 #include "editor/pictures.h"
-#include "support/registry_test.h"
 #include "support/scratch_folder.h"
 
 // A bitmap file: red, but for so many columns of magenta on its left.
@@ -21,24 +21,17 @@ inline std::string BitmapBytes(int width, int height, int magentaColumns = 0) {
   return bytes;
 }
 
-class PictureMachineTest : public RegistryTest {
+class PictureMachineTest : public testing::Test {
  protected:
-  void SetUp() override {
-    RegistryTest::SetUp();
-    constexpr char kShell[] = "Software\\Tessaly\\Kelvanstead\\Settings";
-    for (const auto& [folder, key, value] :
-         {std::tuple{"Default", kShell, "Default Pictures"},
-          std::tuple{"User", kShell, "User Defined Pictures"},
-          std::tuple{"Icons", "Software\\Tessaly\\KelvansteadScheme Manager", "IconPath"},
-          std::tuple{"Elsewhere", kShell, "Not a setting"}}) {
+  PictureMachineTest() {
+    for (const char* folder : {"Default", "User", "Icons", "Elsewhere"})
       std::filesystem::create_directory(folder_.File(folder));
-      const std::string path = PicturePath(folder);
-      RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, value, REG_SZ, path.c_str(),
-                      static_cast<DWORD>(path.size()) + 1);
-    }
+  }
+  PictureFolders Folders() const {
+    return {PicturePath("Default"), PicturePath("User"), PicturePath("Icons")};
   }
   std::string PicturePath(const std::string& name) const { return CanonicalPath(folder_.File(name)); }
-  // Makes a file and answers where it is.
+  // Makes a file and returns where it is.
   std::string AddPicture(const std::string& name, const std::string& bytes = BitmapBytes(32, 32)) const {
     WriteFileBytes(folder_.File(name), bytes);
     return PicturePath(name);

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr COLORREF kMagenta = RGB(255, 0, 255);
-
 struct Picture {
   int ButtonId;
   UINT First;
@@ -45,9 +43,10 @@ void CHelperDialog::SetUpButtons() {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
     const auto& [buttonId, first, selected, tooltip] = kPictures[i];
     buttons_[i].Attach(Item(buttonId));
-    buttons_[i].SetColour(CImageButton::kBackgroundColour, PictureGround(GetSysColor(COLOR_BTNFACE)));
+    buttons_[i].SetColour(CImageButton::kBackgroundColour,
+                          [] { return PictureGround(GetSysColor(COLOR_BTNFACE)); });
     buttons_[i].SetTooltip(tooltip);
-    buttons_[i].SetBitmaps(first, selected, kMagenta);
+    buttons_[i].SetBitmaps(first, selected);
   }
 }
 

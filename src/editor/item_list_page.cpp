@@ -1,16 +1,23 @@
-#include "editor/record_list_page.h"
+#include "editor/item_list_page.h"
 
 #include <windows.h>
 
 #include <commctrl.h>
 
-#include "controls/list_view.h"
-#include "editor/record_list_page_ids.h"
-#include "model/scheme_properties.h"
+#include <algorithm>
 
-HWND CListPage::List() const { return Item(IDC_RECORD_LIST); }
+#include "controls/list_view.h"
+#include "editor/item_list_page_ids.h"
+#include "model/scheme_properties.h"
+#include "resources/resource_ids.h"
+
+CListPage::CListPage(const ItemListTexts& texts)
+    : CPropertyPage(IDD_ITEM_LIST_PAGE, texts.Caption), texts_(texts) {}
+
+HWND CListPage::List() const { return Item(IDC_ITEM_LIST); }
 
 bool CListPage::OnInitDialog() {
+  SetItemText(IDC_ITEM_LIST_LABEL, texts_.Label);
   SetUpColumns();
   Refresh(0);
   return CPropertyPage::OnInitDialog();
@@ -20,37 +27,38 @@ void CListPage::SetUpColumns() {
   ListView_SetExtendedListViewStyle(List(), LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
   RECT client;
   GetClientRect(List(), &client);
-  // The vertical scroll bar must not bring out a horizontal one.
-  const int width = client.right - GetSystemMetrics(SM_CXVSCROLL);
   int index = 0;
-  for (const ListColumn& column : columns_) {
-    InsertListColumn(List(), index++, column.Title, width * column.Percent / 100);
-  }
+  for (const ListColumn& column : texts_.Columns)
+    InsertListColumn(List(), index++, column.Title, client.right * column.Percent / 100);
+}
+
+// A scroll bar that has come or gone changes the width.
+void CListPage::FitColumns() {
+  const auto stretched = std::ranges::find(texts_.Columns, 0, &ListColumn::Percent);
+  StretchListColumn(List(), static_cast<int>(stretched - texts_.Columns.begin()));
 }
 
 void CListPage::OnCommand(int id, int /*code*/) {
   switch (id) {
-    case IDC_ADD_RECORD:
+    case IDC_ADD_ITEM:
       return OnAdd();
-    case IDC_EDIT_RECORD:
+    case IDC_EDIT_ITEM:
       return OnEdit();
-    case IDC_REMOVE_RECORD:
+    case IDC_REMOVE_ITEM:
       return OnRemove();
     case IDC_MOVE_UP:
       return OnMove(-1);
     case IDC_MOVE_DOWN:
       return OnMove(1);
-    case IDHELP:
-      return OnHelp();
   }
 }
 
 LRESULT CListPage::OnNotify(const NMHDR& header) {
-  if (header.idFrom != IDC_RECORD_LIST) return CPropertyPage::OnNotify(header);
+  if (header.idFrom != IDC_ITEM_LIST) return CPropertyPage::OnNotify(header);
   switch (header.code) {
     case LVN_GETDISPINFOA: {
       const LVITEMA& item = reinterpret_cast<const NMLVDISPINFOA&>(header).item;
-      if ((item.mask & LVIF_TEXT) && item.iItem < RecordCount())
+      if ((item.mask & LVIF_TEXT) && item.iItem < ItemCount())
         lstrcpynA(item.pszText, CellText(item.iItem, item.iSubItem).c_str(), item.cchTextMax);
       return 0;
     }
@@ -74,24 +82,24 @@ void CListPage::OnListKey(WORD key) {
 }
 
 void CListPage::OnAdd() {
-  if (RecordCount() < kMaxRecords && AddRecord()) Refresh(RecordCount() - 1);
+  if (ItemCount() < kMaxRecords && AddItem()) Refresh(ItemCount() - 1);
 }
 
 void CListPage::OnEdit() {
   const int row = SelectedRow(List());
-  if (row >= 0 && EditRecord(row)) Refresh(row);
+  if (row >= 0 && EditItem(row)) Refresh(row);
 }
 
 void CListPage::OnRemove() {
   const int row = SelectedRow(List());
   if (row < 0) return;
-  RemoveRecord(row);
+  RemoveItem(row);
   Refresh(row);
 }
 
 void CListPage::OnMove(int distance) {
   const int row = SelectedRow(List());
-  SwapRecords(row, row + distance);
+  SwapItems(row, row + distance);
   Refresh(row + distance);
 }
 
@@ -99,13 +107,14 @@ void CListPage::Refresh(int row) {
   refreshing_ = true;
   // The list asks for its texts when it paints them: only the number of rows has to follow.
   int shown = ListView_GetItemCount(List());
-  for (; shown > RecordCount(); --shown)
+  for (; shown > ItemCount(); --shown)
     ListView_DeleteItem(List(), shown - 1);
-  for (; shown < RecordCount(); ++shown) {
+  for (; shown < ItemCount(); ++shown) {
     InsertListRow(List(), shown, LPSTR_TEXTCALLBACKA, I_IMAGENONE);
-    for (int column = 1; column < static_cast<int>(columns_.size()); ++column)
+    for (int column = 1; column < static_cast<int>(texts_.Columns.size()); ++column)
       SetListCell(List(), shown, column, LPSTR_TEXTCALLBACKA);
   }
+  FitColumns();
   if (row >= shown) row = shown - 1;
   SelectRow(List(), row);
   InvalidateRect(List(), nullptr, TRUE);
@@ -118,15 +127,14 @@ void CListPage::UpdateButtons() {
   const struct {
     int id;
     bool enable;
-  } buttons[] = {{IDC_ADD_RECORD, RecordCount() < kMaxRecords},
-                 {IDC_EDIT_RECORD, row >= 0},
-                 {IDC_REMOVE_RECORD, row >= 0},
+  } buttons[] = {{IDC_ADD_ITEM, ItemCount() < kMaxRecords},
+                 {IDC_EDIT_ITEM, row >= 0},
+                 {IDC_REMOVE_ITEM, row >= 0},
                  {IDC_MOVE_UP, row > 0},
-                 {IDC_MOVE_DOWN, row >= 0 && row + 1 < RecordCount()}};
+                 {IDC_MOVE_DOWN, row >= 0 && row + 1 < ItemCount()}};
   for (const auto& button : buttons) {
     // The user goes on where the change is seen, or can be followed by another.
-    if (!button.enable && GetFocus() == Item(button.id))
-      FocusItem(row >= 0 ? IDC_RECORD_LIST : IDC_ADD_RECORD);
+    if (!button.enable && GetFocus() == Item(button.id)) FocusItem(row >= 0 ? IDC_ITEM_LIST : IDC_ADD_ITEM);
     EnableItem(button.id, button.enable);
   }
 }
