@@ -302,19 +302,22 @@ std::string Describe(const MessageStyle& style) {
          ", buttons: " + style.Buttons + ", owner: " + (style.Owner ? '"' + *style.Owner + '"' : "none");
 }
 
+struct Search {
+  HWND box;
+  std::string titles;
+};
+
+BOOL CALLBACK AddIfUsable(HWND window, LPARAM parameter) {
+  auto& [box, titles] = *reinterpret_cast<Search*>(parameter);
+  if (window != box && IsWindowVisible(window) && IsWindowEnabled(window))
+    titles += '"' + WindowText(window) + "\" ";
+  return TRUE;
+}
+
 // The windows of this program that can be used beside a box.
 std::string UsableBeside(HWND box) {
-  struct Search {
-    HWND box;
-    std::string titles;
-  } search{box, ""};
-  const auto add = [](HWND window, LPARAM parameter) -> BOOL {
-    auto& [box, titles] = *reinterpret_cast<Search*>(parameter);
-    if (window != box && IsWindowVisible(window) && IsWindowEnabled(window))
-      titles += '"' + WindowText(window) + "\" ";
-    return TRUE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&search));
+  Search search{box, ""};
+  EnumThreadWindows(GetCurrentThreadId(), &AddIfUsable, reinterpret_cast<LPARAM>(&search));
   return search.titles;
 }
 
