@@ -2,7 +2,11 @@
 
 #include <windows.h>
 
+#include <shlwapi.h>
+
 #include <filesystem>
+#include <iomanip>
+#include <sstream>
 
 #include "allocation/account_detection.h"
 #include "allocation/dialog/allocation_dialog.h"
@@ -10,9 +14,13 @@
 #include "allocation/dialog/scheme_selector_ids.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_paths.h"
+#include "resources/picture_ids.h"
+#include "resources/resource_ids.h"
 #include "support/dialog_script.h"
 #include "support/environment_component.h"
+#include "support/imported_calls.h"
 #include "support/list_driver.h"
+#include "support/looks.h"
 #include "support/registry_test.h"
 #include "support/scratch_folder.h"
 
@@ -22,25 +30,40 @@ constexpr char kTessaly[] = "Software\\Tessaly";
 
 using ResolverTest = RegistryTest;
 
+// The candidates of a trace, and what became of them.
+std::string Told(const SchemeTrace& trace) {
+  constexpr const char* kSources[] = {"class", "own", "user", "group", "default"};
+  constexpr const char* kOutcomes[] = {"", " none", " missing", " incomplete"};
+  std::string told;
+  for (const auto& [source, owner, scheme, outcome] : trace.Candidates) {
+    told += told.empty() ? "" : ", ";
+    told += kSources[static_cast<int>(source)];
+    if (!owner.empty() && owner != trace.UserName) told += " " + owner;
+    told += ":" + scheme + kOutcomes[static_cast<int>(outcome)];
+  }
+  return told;
+}
+
 TEST_F(ResolverTest, TriesTheCandidatesInOrder) {
   const struct {
     int Code;  // and what is allocated to the class, chosen by the user, allocated to the user and the group
-    std::string AccountType, Class, Own, User, Group, Loaded;
+    std::string AccountType, Class, Own, User, Group, Told;
   } cases[] = {
       // The class counts for pupils only, however their type is spelled, and comes before user and group.
-      {3, "Pupils", "C", "", "U", "G", "C"},
-      {6, "pupil", "C", "", "U", "G", "C"},
-      {3, "Teachers", "C", "", "U", "G", "U"},
-      {6, "Teachers", "C", "O", "", "G", "G"},
-      {6, "Pupils", "Missing", "", "", "G", "G"},
-      {6, "Pupils", "Half", "", "", "", "Default User"},
+      {3, "Pupils", "C", "", "U", "G", "class Oak:C"},
+      {6, "pupil", "C", "", "U", "G", "class Oak:C"},
+      {3, "Teachers", "C", "", "U", "G", "user:U"},
+      {6, "Teachers", "C", "O", "", "G", "user: none, group Teachers:G"},
+      {6, "Pupils", "Away", "", "", "G", "class Oak:Away missing, user: none, group Pupils:G"},
+      {6, "Pupils", "Half", "", "", "a\\b",
+       "class Oak:Half incomplete, user: none, group Pupils:a\\b missing, default:Default User"},
       // The user's own choice counts in the per-user environments only, which know no account types.
-      {8, "Pupils", "C", "O", "U", "G", "O"},
-      {9, "Pupils", "C", "Missing", "U", "G", "U"},
-      {99, "Pupils", "C", "", "", "G", "Default User"},
-      // Without an environment the user's scheme is loaded, but the answer is an error.
-      {0, "Pupils", "C", "O", "U", "G", "U"},
-      {0, "Pupils", "", "", "", "", "Default User"},
+      {8, "Pupils", "C", "O", "U", "G", "own:O"},
+      {9, "Pupils", "C", "Away", "U", "G", "own:Away missing, user:U"},
+      {99, "Pupils", "C", "", "", "G", "own: none, user: none, group: none, default:Default User"},
+      // Without an environment the user's scheme is loaded, but the result is an error.
+      {0, "Pupils", "C", "O", "U", "G", "user:U"},
+      {0, "Pupils", "", "", "", "", "user: none, group: none, default:Default User"},
   };
   // This one does not load.
   WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Half"), "[WebLinks] \"WebLinksCount\"=dword:1");
@@ -50,33 +73,45 @@ TEST_F(ResolverTest, TriesTheCandidatesInOrder) {
     ASSERT_TRUE(SaveSchemeProperties(name, scheme));
   }
   const std::string user = getenv("USERNAME"), oak = "\"Current Class\"=\"Oak\" ";
-  for (const auto& [code, accountType, ofClass, own, ofUser, ofGroup, loaded] : cases) {
-    WriteTree(HKEY_LOCAL_MACHINE, kTessaly,
-              "[Tallowby\\Accounts\\" + user + "] \"Account Type\"=\"" + accountType +
-                  "\" [Crateling\\Benchspace] " + oak + "\"Current Mode\"=\"" + accountType +
-                  "\" [Kelvanstead\\Class Schemes] \"Oak\"=\"" + ofClass +
-                  "\" [Kelvanstead\\User Schemes] \"" + user + "\"=\"" + ofUser +
-                  "\" [Kelvanstead\\User Group Schemes] \"" + accountType + "\"=\"" + ofGroup + "\"");
+  for (const auto& [code, accountType, ofClass, own, ofUser, ofGroup, told] : cases) {
+    SCOPED_TRACE(std::to_string(code) + " " + told);
+    std::ostringstream machine;
+    machine << "[Tallowby\\Accounts\\" << user << "] \"Account Type\"=" << std::quoted(accountType)
+            << "[Crateling\\Benchspace] " << oak << "\"Current Mode\"=" << std::quoted(accountType)
+            << "[Kelvanstead\\Class Schemes] \"Oak\"=" << std::quoted(ofClass)
+            << "[Kelvanstead\\User Schemes] " << std::quoted(user) << "=" << std::quoted(ofUser)
+            << "[Kelvanstead\\User Group Schemes] " << std::quoted(accountType) << "="
+            << std::quoted(ofGroup);
+    WriteTree(HKEY_LOCAL_MACHINE, kTessaly, machine.str());
     WriteTree(HKEY_CURRENT_USER, kTessaly,
               "[Benchspace] " + oak + "[Kelvanstead] \"ConfigToUse\"=\"" + own + "\"");
     SchemeProperties scheme;
     scheme.Description = "what was in the object before";
-    EXPECT_EQ(ResolveSchemeForUser(scheme, code), code ? loaded : "Error") << accountType << ofClass << own;
-    EXPECT_EQ(scheme.Defaults.DefaultView + scheme.Description, loaded) << code << accountType << ofClass;
+    SchemeTrace trace;
+    EXPECT_EQ(ResolveSchemeForUser(scheme, code, &trace), trace.Result);
+    EXPECT_EQ(Told(trace), told);
+    const std::string loaded = told.substr(told.rfind(':') + 1);
+    EXPECT_EQ(trace.Result, code ? loaded : "Error");
+    EXPECT_EQ(scheme.Defaults.DefaultView + scheme.Description, loaded);
+    const bool known = code == 3 || code == 6, pupil = known && accountType != "Teachers";
+    EXPECT_EQ(std::tie(trace.EnvironmentCode, trace.UserName), std::tie(code, user));
+    EXPECT_EQ(trace.AccountType + trace.ClassName, (known ? accountType : "") + (pupil ? "Oak" : ""));
   }
 }
 
 constexpr char kMachine[] = R"(
     [Kelvanstead\Schemes] "Staff"="For teachers" "Juniors"=""
-    [Kelvanstead\Class Schemes] "Oak"="Juniors" "Ash"=dword:12345678
-    [Kelvanstead\User Schemes] "ann"="Gone" "BEN"="Staff" "left long ago"="Staff"
+    [Kelvanstead\Class Schemes] "Oak"="Juniors" "Ash"=dword:12345678 "Elm"=dword:00000000
+    [Kelvanstead\User Schemes] "ann"="Gone" "BEN"=hex(2):53 74 61 66 66 00 "left long ago"="Staff"
     [Tallowby\Accounts\ann] "Account Type"="Pupils"
     [Tallowby\Accounts\ben] "Account Type"="Teachers"
     [Tallowby\Accounts\cy] "Account Type"="pupils"
     [Tallowby\Accounts\dot])";
+// What dot has is longer than can be read.
+const std::string kLongText = '"' + std::string(260, 's') + '"';
 // The rows of its accounts.
 const std::string kAccounts =
-    "User Schemes: ann Gone, User Schemes: ben Staff, User Schemes: cy , User Schemes: dot , "
+    "User Schemes: ann Gone, User Schemes: ben Staff, User Schemes: cy , User Schemes: dot ?, "
     "User Group Schemes: Pupils , User Group Schemes: Teachers , ";
 
 const std::filesystem::path kPrograms = "C:\\Program Files\\Tessaly";
@@ -87,6 +122,7 @@ class AllocationTest : public RegistryTest {
   void SetUp() override {
     RegistryTest::SetUp();
     WriteTree(HKEY_LOCAL_MACHINE, kTessaly, kMachine);
+    WriteTree(HKEY_LOCAL_MACHINE, kTessaly, "[Kelvanstead\\User Schemes] \"dot\"=" + kLongText);
     WriteTree(HKEY_CURRENT_USER, kTessaly, "[Kelvanstead\\User Schemes] \"cy\"=\"of this user only\"");
   }
   ~AllocationTest() override {
@@ -116,11 +152,11 @@ TEST_F(AllocationTest, ReadsClassesAndUsers) {
        "Class Schemes: oak Juniors, Class Schemes: Ash ?, Class Schemes: Year 3 , "},
       {"LocalBenchspace.ini",
        "Default Class=No string read\nAvailable Classes=Elm," + std::string(260, 'n') + ",Yew",
-       "Class Schemes: Elm , Class Schemes: Yew , "},
+       "Class Schemes: Elm ?, Class Schemes: Yew , "},
       // The answer is cut within the last name, which is then none.
       {"LocalBenchspace.ini",
        "Available Classes=Elm," + std::string(1000, ',') + "Hornbeam and Rowan and Yew",
-       "Class Schemes: Elm , "}};
+       "Class Schemes: Elm ?, "}};
   for (const auto& [file, lines, classes] : cases) {
     WriteIni("Tallowby", file, lines);
     EXPECT_EQ(Read(true), classes + kAccounts);
@@ -159,20 +195,62 @@ DialogScript::Action ChooseScheme(int preselected, WPARAM choice, WPARAM command
   };
 }
 
-int VisibleControls(HWND dialog) {
-  int count = 0;
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-    count += IsWindowVisible(child);
-  return count;
+// The visible controls with their places in the client area, and its height.
+std::string Layout(HWND dialog) {
+  std::ostringstream layout;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (!IsWindowVisible(child)) continue;
+    RECT place;
+    GetWindowRect(child, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 1);
+    layout << GetDlgCtrlID(child) << ":" << place.left << "," << place.top << " ";
+  }
+  RECT client;
+  GetClientRect(dialog, &client);
+  layout << client.bottom;
+  return layout.str();
 }
 
+std::string Columns(HWND list) {
+  std::string columns;
+  for (int i = 0; i < Header_GetItemCount(ListView_GetHeader(list)); ++i) {
+    char title[64] = "";
+    LVCOLUMNA column{};
+    column.mask = LVCF_TEXT;
+    column.pszText = title;
+    column.cchTextMax = sizeof(title);
+    SendMessageA(list, LVM_GETCOLUMNA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
+    columns += std::string(title) + " " + std::to_string(ListView_GetColumnWidth(list, i)) + ", ";
+  }
+  return columns;
+}
+
+// Whether the row of this name shows a bitmap of the program.
+bool HasPicture(HWND list, const char* name, UINT bitmapId) {
+  LVITEMA item{};
+  item.mask = LVIF_IMAGE;
+  item.iItem = FindRow(list, name);
+  SendMessageA(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  const Canvas canvas(16, 16);
+  ImageList_Draw(ListView_GetImageList(list, LVSIL_SMALL), item.iImage, canvas.Dc.Get(), 0, 0, ILD_NORMAL);
+  return ShowsBitmap(canvas, 0, 0, bitmapId);
+}
+
+constexpr char kTitle[] = "Classes, Users and Schemes";
+constexpr char kRefused[] =
+    "You do not have the rights to change these settings.\nPlease contact your system administrator for help";
+
 TEST_F(AllocationTest, AllocatesToClassesUsersAndGroups) {
-  WriteIni("Tallowby", "Benchspace.ini", "Available Classes=Oak,Ash");
+  WriteIni("Tallowby", "Benchspace.ini", "Available Classes=Oak,Ash,Elm");
   const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kProductKey);
   for (const auto& [code, button] : {std::pair{3, IDCANCEL}, std::pair{6, IDOK}}) {
     const EnvironmentComponent component([code = code](LONG* out) { return *out = code, E_FAIL; });
     const auto allocate = [button = button](HWND dialog) {
-      EXPECT_EQ(VisibleControls(dialog), 6);
+      EXPECT_EQ(Layout(dialog), "1147:11,11 1125:23,31 1124:23,65 1126:387,229 1:312,269 2:399,269 303");
+      EXPECT_EQ(GetWindowLongA(List(dialog), GWL_STYLE) & 0xFFFF, LVS_REPORT | LVS_SHOWSELALWAYS);
+      EXPECT_EQ(Columns(List(dialog)), "Class or User 180, Type 180, Schemes 300, ");
+      EXPECT_TRUE(HasPicture(List(dialog), "Oak", 209) && HasPicture(List(dialog), "ann", 210));
+      EXPECT_TRUE(HasPicture(List(dialog), "Pupils", IDB_USER_GROUP));
       EXPECT_EQ(ListCellText(List(dialog), 0, 1) + ListCellText(List(dialog), 0, 2), "Class SchemesJuniors");
       Select(dialog, {"Ash", "ben", "cy", "Pupils"});
       Click(dialog, IDC_ALLOCATION_CHANGE);
@@ -183,22 +261,67 @@ TEST_F(AllocationTest, AllocatesToClassesUsersAndGroups) {
       Notify(dialog, NM_DBLCLK);
       Select(dialog, {"cy"});
       Click(dialog, IDC_ALLOCATION_CHANGE);
+      Select(dialog, {"ann"});
+      Click(dialog, IDC_ALLOCATION_CHANGE);
       Select(dialog, {});
       Click(dialog, button);
     };
     enum Entry { kNone = -1, kBlank, kJuniors, kStaff };
     DialogScript script;
-    script.Expect("Classes, Users and Schemes", allocate)
+    script.Expect(kTitle, allocate)
         .Expect("Schemes", ChooseScheme(kNone, kStaff, MAKEWPARAM(IDC_SELECTOR_LIST, LBN_DBLCLK)))
         .Expect("Schemes", ChooseScheme(kJuniors, kBlank, IDOK))
-        .Expect("Schemes", ChooseScheme(kStaff, kJuniors, IDCANCEL));
+        .Expect("Schemes", ChooseScheme(kStaff, kJuniors, IDCANCEL))
+        .Expect("Schemes", [](HWND selector) {
+          // The scheme that does not exist is an entry of its own, so Enter keeps it.
+          EXPECT_EQ(SendDlgItemMessageA(selector, IDC_SELECTOR_LIST, LB_GETCURSEL, 0, 0), 1);
+          PressKey(VK_RETURN);
+        });
     EXPECT_EQ(CAllocationDialog().DoModal(nullptr), button);
+    // What could not be read and was not changed stays: Elm's and dot's.
     ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, button == IDCANCEL ? before : R"([]
         [Schemes] "Staff"="For teachers" "Juniors"=""
-        [Class Schemes] "Oak"="" "Ash"="Staff"
-        [User Schemes] "ann"="Gone" "BEN"="Staff" "cy"="Staff" "dot"="" "left long ago"="Staff"
+        [Class Schemes] "Oak"="" "Ash"="Staff" "Elm"=dword:00000000
+        [User Schemes] "ann"="Gone" "BEN"="Staff" "cy"="Staff" "left long ago"="Staff"
+        "dot"=)" + kLongText + R"(
         [User Group Schemes] "Pupils"="Staff" "Teachers"="")");
   }
+}
+
+TEST_F(AllocationTest, WritesTheRowsInTheirOrderAndTellsOnceWhereThatIsRefused) {
+  WriteIni("Tallowby", "Benchspace.ini", "Available Classes=Oak,Ash,Elm");
+  const EnvironmentComponent component([](LONG* code) { return *code = 6, S_OK; });
+  ImportedCalls calls({IMPORTED(SHRegSetUSValueW)});
+  calls.FailEach("User Schemes", ERROR_ACCESS_DENIED);
+  DialogScript script;
+  script.Expect(kTitle, [](HWND dialog) {
+    Notify(dialog, LVN_COLUMNCLICK);
+    Click(dialog, IDOK);
+    EXPECT_TRUE(IsWindowEnabled(dialog)) << "it stays open";
+    Click(dialog, IDCANCEL);
+  });
+  script.ExpectMessage(kWarning.OwnedBy(kTitle), "Error", kRefused);
+  EXPECT_EQ(CAllocationDialog().DoModal(nullptr), IDCANCEL);
+  std::string rows;
+  for (const std::string& line : calls.Lines())
+    rows += line.substr(line.find("Schemes ") + 8) + " ";
+  EXPECT_EQ(rows, "ann ben cy Oak Pupils Pupils Teachers ") << "Pupils again, once their key is made";
+}
+
+TEST_F(AllocationTest, WritesOneAllocation) {
+  const std::string longest(259, 'n'), tooLong(260, 'n');
+  const std::tuple<std::string, std::string, WriteResult> cases[] = {
+      {"in no list", "Gone", WriteResult::kDone}, {longest, "", WriteResult::kDone},
+      {"", "Staff", WriteResult::kFailed},        {tooLong, "Staff", WriteResult::kFailed},
+      {"cy", tooLong, WriteResult::kFailed},
+  };
+  for (const auto& [name, scheme, result] : cases)
+    EXPECT_EQ(WriteAllocation(AllocationKind::kUserGroup, name, scheme), result) << name << scheme;
+  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes),
+             "[] \"in no list\"=\"Gone\" \"" + longest + "\"=\"\"");
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, kProductKey);
+  EXPECT_EQ(WriteAllocation(AllocationKind::kClass, "Oak", "Staff"), WriteResult::kFailed);
+  ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, "");
 }
 
 TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
@@ -211,9 +334,7 @@ TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   } cases[] = {
       {nullptr, "", "", "", IDOK, ""},
       {[](LONG* code) -> HRESULT { throw* code = 3; }, "", "", "Juniors", kApply, "Juniors"},
-      // What code of another compiler throws.
-      {[](LONG* code) { return RaiseException(0xE06D7363, *code = 3, 0, nullptr), S_OK; }, "", "", "", kApply,
-       ""},
+      {[](LONG* code) { return *code = 9, S_OK; }, "", "", "", kApply, ""},
       {[](LONG* code) { return *code = 8, S_OK; }, "staff", "Staff", "", IDOK, "Staff"},
       {[](LONG*) { return S_OK; }, "Gone", "", "", kApply, "Gone"},
   };
@@ -226,7 +347,7 @@ TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
     }
     DialogScript script;
     script.Expect("User Schemes", [&](HWND dialog) {
-      EXPECT_EQ(VisibleControls(dialog), 5);
+      EXPECT_EQ(Layout(dialog), "1143:11,12 1144:23,33 1145:23,80 1023:117,77 1:399,129 163");
       EXPECT_EQ(ControlText(dialog, IDC_CURRENT_USER_SCHEME), test.Preselected);
       if (*test.Choice) Choose(dialog, IDC_CURRENT_USER_SCHEME, test.Choice);
       Click(dialog, test.Button);
@@ -237,6 +358,24 @@ TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
     ExpectTree(HKEY_CURRENT_USER, kProductKey, *test.After ? after : "");
   }
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kTessaly), machine);
+}
+
+TEST_F(AllocationTest, PerUserLayoutTellsEachTimeThatTheChoiceIsRefused) {
+  DialogScript script;
+  script.Expect("User Schemes", [](HWND dialog) {
+    ImportedCalls calls({IMPORTED(RegCreateKeyExA), IMPORTED(RegSetValueExA)});
+    Choose(dialog, IDC_CURRENT_USER_SCHEME, "Juniors");
+    calls.FailNth(1, ERROR_ACCESS_DENIED);
+    Click(dialog, IDC_CURRENT_USER_APPLY);
+    calls.FailNth(2, ERROR_DISK_FULL);
+    Click(dialog, IDOK);
+    PressKey(VK_ESCAPE);
+  });
+  script.ExpectMessage(kWarning.OwnedBy("User Schemes"), "Error", kRefused)
+      .ExpectMessage(kWarning.OwnedBy("User Schemes"), "Error",
+                     "Not all of these settings could be written.\n"
+                     "Please contact your system administrator for help");
+  EXPECT_EQ(CAllocationDialog().DoModal(nullptr), IDCANCEL);
 }
 
 }  // namespace

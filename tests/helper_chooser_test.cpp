@@ -6,8 +6,11 @@
 
 #include "helper/dialog/helper_chooser.h"
 #include "helper/dialog/helper_chooser_ids.h"
+#include "helper/windows_folder.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
+#include "support/imported_calls.h"
+#include "support/looks.h"
 #include "support/registry_test.h"
 
 namespace {
@@ -62,29 +65,18 @@ TEST_F(HelperTest, OpensWithTheHelperOfTheSettingOrWritesPeedys) {
     };
     Show(leave, Setting(named.empty() ? PathOf("Peedy") : path));
   }
-  EXPECT_NE(GetModuleHandleA("SHFolder.dll"), nullptr);  // the library of every time but the first
 }
 
-// The program's way to RegSetValueExA. The system takes in a NUL that stands behind the data, so the registry
-// does not tell whether it was counted.
-#ifdef _WIN64
-extern "C" decltype(&RegSetValueExA) g_setValue asm("__imp_RegSetValueExA");
-#else
-extern "C" decltype(&RegSetValueExA) g_setValue asm("__imp__RegSetValueExA@24");
-#endif
-const auto g_realSetValue = g_setValue;
+// The system takes in a NUL that stands behind the data, so the registry does not tell whether it was
+// counted.
 std::vector<std::size_t> g_sizes;
-
-LSTATUS WINAPI RecordSize(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size) {
+LSTATUS WINAPI RecordSize(HKEY, LPCSTR, DWORD, DWORD, const BYTE*, DWORD size) {
   g_sizes.push_back(size);
-  return g_realSetValue(key, name, reserved, type, data, size);
+  return ERROR_ACCESS_DENIED;
 }
 
-TEST_F(HelperTest, IsChosenByKeyboardAndCountsNoTerminatingNul) {
-  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "[]");  // no setting: one write at once, one at OK
-  DWORD old = 0;
-  VirtualProtect(&g_setValue, sizeof(g_setValue), PAGE_READWRITE, &old);
-  g_setValue = &RecordSize;
+TEST_F(HelperTest, IsChosenByKeyboard) {
+  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "[]");
   const auto press = [](HWND dialog) {
     const std::pair<WPARAM, const char*> keys[] = {
         {VK_RIGHT, "Merlin"}, {VK_DOWN, "Robby"}, {VK_TAB, "Robby"},  {VK_TAB, "Robby"},
@@ -97,8 +89,60 @@ TEST_F(HelperTest, IsChosenByKeyboardAndCountsNoTerminatingNul) {
     PressKey(VK_RETURN);
   };
   Show(press, Setting(PathOf("Genie")));
-  g_setValue = g_realSetValue;
-  EXPECT_EQ(g_sizes, (std::vector{PathOf("Peedy").size(), PathOf("Genie").size()}));
+}
+
+TEST_F(HelperTest, CountsNoTerminatingNulAndClosesWhateverBecomesOfTheWrite) {
+  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "[]");  // no setting: one write at once, one at OK
+  const Diversion diversion("RegSetValueExA", reinterpret_cast<void*>(&RecordSize));
+  const auto chooseMerlin = [](HWND dialog) {
+    Click(dialog, IDC_HELPER_MERLIN);
+    Click(dialog, IDOK);
+  };
+  Show(chooseMerlin, "[]");
+  EXPECT_EQ(g_sizes, (std::vector{PathOf("Peedy").size(), PathOf("Merlin").size()}));
+}
+
+TEST_F(HelperTest, ShowsThePicturesAndTooltips) {
+  const struct {
+    int Id;
+    UINT First, Second;
+    const char* Tooltip;
+  } cases[] = {{1141, 229, 233, "Selects Peedy as agent to use"},
+               {1144, 228, 232, "Selects Merlin as agent to use"},
+               {1143, 230, 231, "Selects Robby as agent to use"},
+               {1145, 235, 234, "Selects Genie as agent to use"}};
+  const auto shows = [](HWND button, UINT bitmapId) {
+    RECT area;
+    GetClientRect(button, &area);
+    const Canvas canvas(area.right, area.bottom);
+    DRAWITEMSTRUCT item{};
+    item.hDC = canvas.Dc.Get();
+    SendMessageA(button, kDrawYourself, 0, reinterpret_cast<LPARAM>(&item));
+    return ShowsBitmap(canvas, (canvas.Width - 96) / 2, 6, bitmapId);
+  };
+  DialogScript script;
+  script.Expect("Choose an OnScreen Helper", [&](HWND dialog) {
+    for (const auto& [id, first, second, tooltip] : cases) {
+      Click(dialog, id);
+      for (const auto& other : cases)
+        EXPECT_TRUE(shows(GetDlgItem(dialog, other.Id), other.Id == id ? other.Second : other.First)) << id;
+      EXPECT_EQ(TooltipOf(dialog, id), tooltip);
+    }
+    Click(dialog, IDOK);
+  });
+  CHelperDialog().DoModal(nullptr);
+}
+
+TEST(Helper, FindsTheWindowsFolderThroughShell32OnlyTheFirstTime) {
+  ImportedCalls calls({IMPORTED(LoadLibraryA)});
+  calls.FailEach("LoadLibraryA", ERROR_MOD_NOT_FOUND);
+  EXPECT_EQ(WindowsFolder(), "") << "without any library";
+  calls.FailEach("", 0);
+  for (int i = 0; i < 3; ++i)
+    EXPECT_EQ(WindowsFolder(), getenv("windir"));
+  const std::vector<std::string> loaded(calls.Lines().end() - 3, calls.Lines().end());
+  EXPECT_EQ(loaded, (std::vector<std::string>{"LoadLibraryA Shell32.dll", "LoadLibraryA SHFolder.dll",
+                                              "LoadLibraryA SHFolder.dll"}));
 }
 
 TEST(Helper, GroundCarriesBetweenChannels) { EXPECT_EQ(PictureGround(0xF0F0FF), 0xFAFB09u); }

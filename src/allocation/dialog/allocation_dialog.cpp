@@ -11,9 +11,9 @@
 #include "allocation/dialog/scheme_choice.h"
 #include "allocation/dialog/scheme_selector.h"
 #include "allocation/environment_code.h"
+#include "controls/bitmap_images.h"
 #include "controls/list_view.h"
 #include "controls/message.h"
-#include "controls/window_handles.h"
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
 
@@ -23,9 +23,7 @@ namespace {
 constexpr int kPerUserShift = 250;
 constexpr int kAllocationShift = 110;
 
-constexpr int kPictureSize = 16;
 constexpr UINT kPictures[] = {IDB_CLASS, IDB_USER, IDB_USER_GROUP};  // by AllocationKind
-constexpr COLORREF kMagenta = RGB(255, 0, 255);
 
 constexpr int kSchemeColumn = 2;
 struct Column {
@@ -38,16 +36,6 @@ constexpr Column kColumns[] = {
     {"Type", 180, [](const Allocation& allocation) { return KindText(allocation.Kind); }},
     {"Schemes", 300, [](const Allocation& allocation) { return allocation.Scheme.c_str(); }},
 };
-
-HIMAGELIST LoadPictures() {
-  const HIMAGELIST pictures =
-      ImageList_Create(kPictureSize, kPictureSize, ILC_COLOR24 | ILC_MASK, std::size(kPictures), 0);
-  for (const UINT picture : kPictures) {
-    const UniqueBitmap bitmap(LoadBitmapA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(picture)));
-    ImageList_AddMasked(pictures, bitmap.Get(), kMagenta);
-  }
-  return pictures;
-}
 
 struct RowOrder {
   const std::vector<Allocation>& Allocations;
@@ -130,7 +118,8 @@ void CAllocationDialog::Shorten(int pixels) {
 void CAllocationDialog::MakeColumns() {
   const HWND list = Item(IDC_ALLOCATION_LIST);
   ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP);
-  ListView_SetImageList(list, LoadPictures(), LVSIL_SMALL);  // from now on the list's own
+  // From now on the list's own.
+  ListView_SetImageList(list, LoadBitmapImages(kPictures).Release(), LVSIL_SMALL);
   int index = 0;
   for (const Column& column : kColumns)
     InsertListColumn(list, index++, column.Title, column.Width);
