@@ -33,13 +33,21 @@ const std::string kSmallBranch = std::string("HKLM\\") + kProtectedSchemesKey;
 std::string InFolder(const char* name) { return std::string(kFolder) + "\\" + name; }
 
 int ExportTo(const std::string& path) {
-  SchemeFile file(nullptr);
-  file.Save();
-  SchemeFile::Remove(path);
+  SchemeHive hive;
+  if (ReadMachine(hive, {}) != CatalogueResult::kLoaded) return 1;
+  SchemeFile file;
+  file.Save(hive, {});
   return file.Write(kFolder, path) ? 0 : 1;
 }
 
-int ImportFrom(const std::string& path) { return SchemeFile(nullptr).Read(path, path) > 0 ? 0 : 1; }
+int ImportFrom(const std::string& path) {
+  SchemeFile file;
+  if (file.Read(path, path) != FileResult::kDone) return 1;
+  SchemeHive hive;
+  hive.Records = file.TakeRecords();
+  ImportSchemes(hive, {});
+  return ApplyImport(hive, {}, {}).None() ? 0 : 1;
+}
 
 // Export and import by one program, each by a process of its own; what a process takes that finds nothing to
 // do is its start.
@@ -156,7 +164,7 @@ void ReportRegistryCalls(Report& report) {
   SchemeProperties scheme;
   scheme.Name = name;
   ResetCounts();
-  bool sound = LoadSchemeProperties(name, scheme);
+  bool sound = LoadSchemeProperties(name, scheme) == Outcome::kComplete;
   ReportCalls(report, "load");
   ResetCounts();
   WriteTree(tree);

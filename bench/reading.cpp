@@ -24,10 +24,10 @@ std::vector<SchemeProperties> SomeSchemes(int count) {
   int number = 0;
   for (SchemeProperties& scheme : schemes) {
     scheme.Name = "Scheme " + std::to_string(++number);
-    scheme.FolderDisplay.Assign(std::vector<FolderRoot>(2));
-    scheme.FolderDisplay.Records[1].RootPath = "S:\\Shared\\" + scheme.Name;
-    scheme.WebLinks.Assign(std::vector<WebLink>(2));
-    scheme.WebLinks.Records[0].URL = "http://www.greenfield.example/";
+    scheme.FolderRoots.resize(2);
+    scheme.FolderRoots[1].RootPath = "S:\\Shared\\" + scheme.Name;
+    scheme.WebLinks.resize(2);
+    scheme.WebLinks[0].URL = "http://www.greenfield.example/";
     scheme.Tabs.Page1 = 1;
     scheme.Defaults.DefaultView = "tree1";
   }

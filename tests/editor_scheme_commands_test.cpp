@@ -6,6 +6,7 @@
 #include "editor/general_page_ids.h"
 #include "editor/scheme_creation_dialog_ids.h"
 #include "editor/scheme_name_dialog_ids.h"
+#include "model/scheme_storage.h"
 #include "registry/registry_paths.h"
 #include "support/list_driver.h"
 #include "support/registry_test.h"
@@ -43,7 +44,7 @@ class SchemeCommandsTest : public RegistryTest {
         [Staff\WebLinks] "WebLinksCount"=dword:1 [Staff\WebLinks\WebLink 1] "URL"="x"
         [Staff\FolderDisplay] "RootFolderCount"=dword:1 [Staff\FolderDisplay\Root 1] "RootPath"="x"
         [Standard\TabSelection] "Page1"=dword:0 "Page2"=dword:1 "Page3"=dword:0)");
-    catalogue_.LoadCatalogue(false);
+    (void)catalogue_.LoadCatalogue();
   }
 
   // Names that are given one after the other to the dialog about a refused one; Esc first, which is no way
@@ -57,10 +58,11 @@ class SchemeCommandsTest : public RegistryTest {
       });
     }
   }
-  bool Edit(DialogScript::Action act, const std::vector<const char*>& names = {}, std::size_t index = 1) {
+  std::optional<std::string> Edit(DialogScript::Action act, const std::vector<const char*>& names = {},
+                                  const std::string& scheme = "Staff") {
     script_.Expect(kExisting, std::move(act));
     ExpectNameProblems(names);
-    return EditScheme(nullptr, catalogue_, index, folders_);
+    return EditScheme(nullptr, catalogue_, *catalogue_.Find(scheme), folders_);
   }
   std::optional<std::string> Create(DialogScript::Action choose, DialogScript::Action act,
                                     const std::vector<const char*>& names = {}) {
@@ -69,17 +71,20 @@ class SchemeCommandsTest : public RegistryTest {
     return CreateScheme(nullptr, catalogue_, "Staff", folders_);
   }
 
-  // The schemes with their descriptions in the registry, which have to be those of the catalogue, also once
-  // the config hive was saved.
+  // The schemes with their descriptions in the registry, which have to be those of the catalogue.
   Names Schemes() {
-    EXPECT_TRUE(catalogue_.Config.SaveToRegistry());
     SchemeCatalogue stored;
-    stored.LoadCatalogue(false);
-    EXPECT_TRUE(std::ranges::is_permutation(stored.Schemes, catalogue_.Schemes));
+    (void)stored.LoadCatalogue();
+    EXPECT_TRUE(std::ranges::is_permutation(stored.Schemes(), catalogue_.Schemes()));
     Names names;
-    for (const SchemeProperties& scheme : stored.Schemes)
+    for (const SchemeEntry& scheme : stored.Schemes())
       names.insert(scheme.Name + ": " + scheme.Description);
     return names;
+  }
+  SchemeProperties Stored(const std::string& name) {
+    SchemeProperties scheme;
+    EXPECT_EQ(Outcome::kComplete, LoadSchemeProperties(name, scheme));
+    return scheme;
   }
 
   SchemeCatalogue catalogue_;
@@ -89,16 +94,18 @@ class SchemeCommandsTest : public RegistryTest {
 
 TEST_F(SchemeCommandsTest, RenamesOnceTheNameIsNeitherBlankNorTaken) {
   const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kProductKey);
-  EXPECT_FALSE(Edit(Name("Others", "x", IDCANCEL)));
+  EXPECT_EQ(Edit(Name("Others", "x", IDCANCEL)), std::nullopt);
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kProductKey), before);
-  EXPECT_TRUE(Edit(Name("STAFF", "x")));  // not a duplicate of itself
+  EXPECT_EQ(Edit(Name("STAFF", "x")), "STAFF");  // not a duplicate of itself
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "STAFF: x", "Standard: Built in"}));
-  EXPECT_TRUE(Edit(Name("standard", "y"), {"  ", "DEFAULT USER", "Others"}));
-  EXPECT_TRUE(Edit(PressOK, {"Default User"}, 0));  // has to be named again, and may keep its name
+  EXPECT_EQ(Edit(Name("standard", "y"), {"  ", "DEFAULT USER", "Others"}, "STAFF"), "Others");
+  EXPECT_EQ(Edit(PressOK, {"Default User"}, "Default User"),
+            "Default User");  // has to be named again, and may keep its name
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Others: y", "Standard: Built in"}));
   // A value that cannot be deleted is not replaced.
   RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, kSchemesKey, "Others");
-  EXPECT_TRUE(Edit(Name("More", "z")));
+  EXPECT_EQ(Edit(Name("More", "z"), {}, "Others"), "More");
+  (void)catalogue_.LoadCatalogue();
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Standard: Built in"}));
 }
 
@@ -122,19 +129,19 @@ TEST_F(SchemeCommandsTest, InsistsOnATabAndKeepsWhatWasEntered) {
     Click(Page(sheet, 0), IDC_GENERAL_FILES);
     Click(sheet, IDOK);
   });
-  EXPECT_TRUE(EditScheme(owner, catalogue_, 1, folders_));
+  EXPECT_EQ(EditScheme(owner, catalogue_, *catalogue_.Find("Staff"), folders_), "Others");
   DestroyWindow(owner);
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "Others: x", "Standard: Built in"}));
-  const SchemeProperties& scheme = catalogue_.Schemes[1];
+  const SchemeProperties scheme = Stored("Others");
   EXPECT_EQ(scheme.Tabs, (TabSelection{0, 1, 0}));
   EXPECT_EQ(scheme.Defaults.DefaultFirstTab, 2U);
-  EXPECT_EQ(scheme.WebLinks.Count + scheme.FolderDisplay.Count, 0);
+  EXPECT_TRUE(scheme.WebLinks.empty() && scheme.FolderRoots.empty());
 }
 
 TEST_F(SchemeCommandsTest, CreatesFromDefaultUserOrAnyOtherScheme) {
-  EXPECT_FALSE(Create(PressOK, Name("Others", "x", IDCANCEL)));
+  EXPECT_EQ(Create(PressOK, Name("Others", "x", IDCANCEL)), std::nullopt);
   EXPECT_EQ(Create(PressOK, Name("Year 1", "Ours")), "Year 1");
-  EXPECT_EQ(catalogue_.Schemes.back().Tabs, (TabSelection{1, 0, 1}));
+  EXPECT_EQ(Stored("Year 1").Tabs, (TabSelection{1, 0, 1}));
   const auto copyStandard = [](HWND dialog) {
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_CREATION_SOURCE)));
     Click(dialog, IDC_CREATION_COPY);
@@ -143,10 +150,10 @@ TEST_F(SchemeCommandsTest, CreatesFromDefaultUserOrAnyOtherScheme) {
     Click(dialog, IDOK);
   };
   EXPECT_EQ(Create(copyStandard, PressOK, {"Copy"}), "Copy");
-  EXPECT_EQ(catalogue_.Schemes.back().Tabs, (TabSelection{0, 1, 0}));
-  catalogue_.DeleteScheme("Default User");
+  EXPECT_EQ(Stored("Copy").Tabs, (TabSelection{0, 1, 0}));
+  EXPECT_EQ(catalogue_.Remove("Default User"), ChangeResult::kDone);
   EXPECT_EQ(Create(PressOK, Name("Empty", "")), "Empty");
-  EXPECT_EQ(catalogue_.Schemes.back().Tabs, (TabSelection{1, 1, 1}));
+  EXPECT_EQ(Stored("Empty").Tabs, (TabSelection{1, 1, 1}));
   EXPECT_EQ(Schemes(),
             (Names{"Copy: Built in", "Empty: ", "Staff: Teachers", "Standard: Built in", "Year 1: Ours"}));
 }

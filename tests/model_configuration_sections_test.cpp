@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
+#include <utility>
 
 #include "registry/registry_paths.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
-#include "support/dialog_script.h"
 #include "support/numbered_values.h"
 #include "support/registry_test.h"
 
@@ -70,19 +70,25 @@ class ConfigurationSectionsTest : public RegistryTest {
     EXPECT_TRUE(config_.LoadFromRegistry("S"));
   }
 
+  // Notes what is told.
+  SettingsCaution Caution() {
+    return [this](const std::string& keyPath) { cautions_.push_back(keyPath); };
+  }
+  // What was told since the last time.
   void ExpectCautions(const std::vector<std::string>& keys) {
+    std::vector<std::string> expected;
     for (const std::string& key : keys)
-      script_.ExpectMessage("Settings Problem",
-                            "Caution: There has been a problem setting " + SchemeKeyPath("S") + "\\" + key);
+      expected.push_back(SchemeKeyPath("S") + "\\" + key);
+    EXPECT_EQ(expected, std::exchange(cautions_, {}));
   }
 
   const NumberedValues values_ = DistinctConfiguration();
   FullConfiguration config_;
-  DialogScript script_;
+  std::vector<std::string> cautions_;
 };
 
 TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) {
-  EXPECT_TRUE(config_.SaveToRegistry("T"));
+  EXPECT_TRUE(config_.SaveToRegistry("T", Caution()));
   ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), values_.Tree);
 
   config_.WriteToFile("S");
@@ -98,35 +104,34 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
 
 TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
   const std::tuple<std::int32_t, std::size_t, bool> cases[] = {
-      {0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 1000, false}, {-1, 0, false}};
-  for (const auto& [stated, records, reads] : cases) {
+      {0, 0, true}, {2, 2, true}, {1000, 1000, true}, {1001, 0, false}, {-1, 0, false}};
+  for (const auto& [stated, items, reads] : cases) {
     SCOPED_TRACE(stated);
     TheRecordStore().Fill(
         SplitRecords(FileBytes("S - Folder Display: RootFoldersCount=" + std::to_string(stated))));
     FolderDisplaySection read;
     EXPECT_EQ(reads, read.ReadFromFile("S"));
-    EXPECT_EQ(records, read.Roots.size());
+    EXPECT_EQ(items, read.Roots.size());
     read.Roots.clear();
-    EXPECT_EQ(stated <= 0, read.SaveToRegistry("S"));
-    EXPECT_EQ(reads, read.LoadFromRegistry("S"));
-    EXPECT_EQ(records, read.Roots.size());
+    EXPECT_EQ(stated <= 0, read.SaveToRegistry("T", Caution()));
+    EXPECT_EQ(reads, read.LoadFromRegistry("T"));
+    EXPECT_EQ(items, read.Roots.size());
   }
 }
 
 // Which key guards what differs from section to section.
 TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
   RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");
+  EXPECT_FALSE(config_.SaveToRegistry("S", Caution()));
   ExpectCautions(values_.Keys);
-  EXPECT_FALSE(config_.SaveToRegistry("S"));
-  EXPECT_EQ(0u, script_.Remaining());
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 
   WriteTree(HKEY_LOCAL_MACHINE, kProductKey, "");
+  EXPECT_FALSE(config_.MyWork.SaveToRegistry("S", Caution()));
   ExpectCautions({"MyWork"});  // its buttons could be written, but are not without it
-  EXPECT_FALSE(config_.MyWork.SaveToRegistry("S"));
   ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, "[]");
+  EXPECT_FALSE(config_.SaveToRegistry("S", Caution()));
   ExpectCautions({"FolderDisplay", "FolderDisplay\\Root1", "FolderDisplay\\Root2"});
-  EXPECT_FALSE(config_.SaveToRegistry("S"));
   WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T"), values_.Tree);
   RegDeleteTreeA(HKEY_LOCAL_MACHINE, (SchemeKeyPath("T") + "\\FolderDisplay").c_str());
   ExpectTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("S"), DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("T")));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <tuple>
 
 #include "registry/registry_access.h"
@@ -12,17 +13,18 @@ namespace {
 constexpr char kPath[] = "Software\\Sample";
 
 struct RegistryKeyTest : RegistryTest {
-  RegistryKey reader_{false, kPath, HKEY_LOCAL_MACHINE}, writer_{true, kPath, HKEY_LOCAL_MACHINE};
+  RegistryKey reader_{RegistryKey::kOpen, kPath};
+  RegistryKey writer_{RegistryKey::kCreate, kPath};
   const char* text_ = "untouched";
 };
 
 TEST_F(RegistryKeyTest, WritesWhatItPromisesAndCreatesOnlyWhenTold) {
-  EXPECT_FALSE(reader_.SetDword("Number", 1) || reader_.Open(true, true));
+  EXPECT_FALSE(reader_.SetDword("Number", 1) || reader_.Open() || reader_.FirstValue(&text_));
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
   EXPECT_TRUE(writer_.SetDword("Number", 0x80000001) && writer_.SetBool("On", true) &&
-              writer_.SetBool("Off", false) && writer_.SetString("Text", "C:\\Work", false) &&
-              writer_.SetString("Expandable", "%A%", true) && writer_.SetString("Null", nullptr, false));
-  writer_.SetCreate(false);
+              writer_.SetBool("Off", false) && writer_.SetString("Text", "C:\\Work") &&
+              writer_.SetExpandString("Expandable", "%A%") && writer_.SetString("Null", nullptr));
+  writer_.SetCreate(RegistryKey::kOpen);
   EXPECT_FALSE(writer_.SetDword("Number", 2));
   EXPECT_EQ(ERROR_ACCESS_DENIED, writer_.LastError());
   ExpectTree(HKEY_LOCAL_MACHINE, kPath, R"(
@@ -51,7 +53,7 @@ TEST_F(RegistryKeyTest, ReadsDamagedValuesWithoutHarm) {
     SCOPED_TRACE(stored.substr(0, 30));
     if (!stored.empty()) WriteTree(HKEY_LOCAL_MACHINE, kPath, "\"V\"=" + stored);
     text_ = "untouched";
-    EXPECT_EQ(kind == kText, reader_.GetString("V", &text_, false));
+    EXPECT_EQ(kind == kText, reader_.GetString("V", &text_));
     EXPECT_STREQ(text, text_);
     EXPECT_EQ(stored.empty() ? ERROR_FILE_NOT_FOUND : 0, reader_.LastError());
     DWORD number = 99;
@@ -73,9 +75,11 @@ TEST_F(RegistryKeyTest, EnumeratesToTheEndAndExpandsVariables) {
   EXPECT_TRUE(reader_.NextValue(&text_) && !text_) << "the end stays the end";
 
   SetEnvironmentVariableA("SCHEME_TEST", "C:\\Program Files");
-  EXPECT_TRUE(reader_.GetString("One", &text_, true));
+  EXPECT_TRUE(reader_.GetExpandedString("One", &text_));
   EXPECT_STREQ("C:\\Program Files\\x", text_);
-  EXPECT_FALSE(reader_.ShortPath("C:\\windows", &text_) || text_) << "not shorter";
+  EXPECT_TRUE(reader_.ShortPath("C:\\windows", &text_)) << "true also where the short form does not fit";
+  EXPECT_LT(std::strlen(text_), 15u) << "and the text is terminated";
+  EXPECT_FALSE(reader_.ShortPath("C:\\no such folder", &text_) || text_);
 
   reader_.SetPath("Software\\Sample\\Empty");
   EXPECT_FALSE(reader_.FirstSubkey(&text_) || text_ || reader_.FirstValue(&text_));
@@ -83,11 +87,14 @@ TEST_F(RegistryKeyTest, EnumeratesToTheEndAndExpandsVariables) {
 
 TEST_F(RegistryKeyTest, DirectReadsEndTextsByLengthAndLeaveWhatDoesNotFit) {
   const std::string fits(259, 'a');
-  WriteTree(HKEY_LOCAL_MACHINE, kPath, R"("1"=hex(1):61 62 63 "2"=")" + fits + R"(" "3"=")" + fits + R"(x")");
+  WriteTree(HKEY_LOCAL_MACHINE, kPath,
+            R"("1"=hex(1):61 62 63 "2"=")" + fits + R"(" "3"=")" + fits + R"(x" "4"=hex(1):)" +
+                HexBytes(std::string(260, 'a')));
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kPath, KEY_READ);
   EXPECT_EQ("abc", ReadText(key.Get(), "1"));
   EXPECT_EQ(fits, ReadText(key.Get(), "2"));
   EXPECT_EQ(std::nullopt, ReadText(key.Get(), "3"));
+  EXPECT_EQ(std::nullopt, ReadText(key.Get(), "4")) << "260 bytes without a NUL are a text of 260 characters";
 }
 
 }  // namespace

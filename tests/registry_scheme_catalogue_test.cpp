@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <string>
+#include <vector>
 
+#include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
-#include "support/dialog_script.h"
+#include "support/imported_calls.h"
 #include "support/registry_test.h"
 #include "support/scheme_file_bytes.h"
 
@@ -15,57 +17,119 @@ namespace {
 
 class SchemeCatalogueTest : public RegistryTest {
  protected:
-  void Load(const std::string& schemes) {
+  CatalogueResult Load(const std::string& schemes) {
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, schemes);
-    catalogue_.LoadCatalogue(false);
+    return catalogue_.LoadCatalogue();
   }
-  // The schemes with their descriptions, which the config hive has too.
+  // The schemes with their descriptions.
   std::string Listed() const {
-    std::string text, hive;
-    for (const SchemeProperties& scheme : catalogue_.Schemes)
+    std::string text;
+    for (const SchemeEntry& scheme : catalogue_.Schemes())
       text += scheme.Name + ":" + scheme.Description + " ";
-    for (const ConfigHiveEntry& entry : catalogue_.Config.Entries)
-      hive += entry.SchemeName + ":" + entry.ConfigText + " ";
-    EXPECT_EQ(text, hive);
     return text;
   }
+  std::string Stored() const { return DumpTree(HKEY_LOCAL_MACHINE, kProductKey); }
 
   SchemeCatalogue catalogue_;
 };
 
+SchemeProperties Named(const std::string& name, const std::string& description) {
+  SchemeProperties scheme;
+  scheme.Name = name;
+  scheme.Description = description;
+  return scheme;
+}
+
 TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKeyUpToAnOverLongOne) {
-  EXPECT_FALSE(catalogue_.SaveCatalogue());
-  ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
+  EXPECT_EQ(catalogue_.LoadCatalogue(), CatalogueResult::kNoSchemesKey);
   const std::string fits(259, 'x');
-  catalogue_.Schemes.resize(3);
-  Load("\"Juniors\"=\"" + fits + R"(" @="unnamed" "Gone"="1" "Infants"=hex(1):41 "Inf\\Below"="no key's name"
-    [infants\Defaults] "DefaultView"="icons" [Juniors] [Unlisted] [Inf\Below])");
+  EXPECT_EQ(Load("\"Juniors\"=\"" + fits + R"(" @="unnamed" "Gone"="1" "Infants"=hex(1):41
+    "Inf\\Below"="no key's name" [infants] [Juniors] [Unlisted] [Inf\Below])"),
+            CatalogueResult::kLoaded);
   EXPECT_EQ(":unnamed Infants:A Juniors:" + fits + " ", Listed());
-  ConfigHive hive;
-  hive.LoadFromRegistry();
-  EXPECT_EQ(catalogue_.Config.Entries, hive.Entries);
-  EXPECT_EQ("icons", catalogue_.Schemes[1].Defaults.DefaultView);
-  Load("\"J\"=\"" + fits + "x\" [J]");
+  EXPECT_EQ(catalogue_.Unreadable(), (std::vector<std::string>{"Gone", "Inf\\Below"}));
+  EXPECT_EQ(catalogue_.LoadCatalogue(2), CatalogueResult::kLoaded);
   EXPECT_EQ(":unnamed Infants:A ", Listed());
+
+  for (const std::string& tooLong : {'"' + fits + "x\"", "hex(3):" + HexBytes(std::string(260, 'a'))}) {
+    EXPECT_EQ(Load("\"J\"=" + tooLong + " [J]"), CatalogueResult::kCutShort);
+    EXPECT_EQ(":unnamed Infants:A ", Listed());
+  }
+  EXPECT_TRUE(catalogue_.IsTaken("juniors")) << "not on the list, but in the registry with value and key";
+  EXPECT_TRUE(catalogue_.IsTaken("INFANTS"));
+  EXPECT_FALSE(catalogue_.IsTaken("Gone") || catalogue_.IsTaken("Unlisted"));
 }
 
-TEST_F(SchemeCatalogueTest, MissingSchemesKeyEndsTheProgram) {
-  const auto load = [this] {
-    DialogScript script;
-    script.Expect("Serious Problem", [](HWND box) {
-      std::fputs(MessageText(box).c_str(), stderr);
-      Click(box, IDOK);
-    });
-    catalogue_.LoadCatalogue(false);
+TEST_F(SchemeCatalogueTest, TellsWhatTheRegistryRefusesFromWhatIsMissing) {
+  Load(R"("A"="1" "B"="2" [A] [B])");
+  ImportedCalls calls({IMPORTED(RegOpenKeyExA), IMPORTED(RegEnumValueA)});
+  calls.FailEach("Schemes\\A", ERROR_ACCESS_DENIED);
+  EXPECT_EQ(catalogue_.LoadCatalogue(), CatalogueResult::kReadError);
+  EXPECT_EQ(Listed(), "B:2 ");
+  calls.FailEach("RegEnumValueA", ERROR_READ_FAULT);
+  EXPECT_EQ(catalogue_.LoadCatalogue(), CatalogueResult::kReadError);
+  calls.FailEach("RegOpenKeyExA", ERROR_ACCESS_DENIED);
+  EXPECT_EQ(catalogue_.LoadCatalogue(), CatalogueResult::kNoAccess);
+  EXPECT_EQ(Listed(), "");
+}
+
+// A character outside the code page reads as another one.
+TEST_F(SchemeCatalogueTest, LeavesAloneWhatCannotBeToldApart) {
+  Load(R"("Z"="z" [Z])");
+  const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
+  const wchar_t kOmega[] = L"a\u03c9";  // 'a' and a small omega
+  char read[8] = "";
+  WideCharToMultiByte(CP_ACP, 0, kOmega, -1, read, sizeof(read), nullptr, nullptr);
+  const std::string name = read;  // what both values are read as
+  ASSERT_EQ(0, RegSetValueExA(schemes.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>("1"), 2));
+  ASSERT_EQ(0, RegSetValueExW(schemes.Get(), kOmega, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"2"), 4));
+  (void)catalogue_.LoadCatalogue();
+  EXPECT_TRUE(catalogue_.IsAmbiguous(name));
+  EXPECT_FALSE(catalogue_.IsAmbiguous("Z"));
+  const std::string before = Stored();
+  EXPECT_EQ(catalogue_.Remove(name), ChangeResult::kRefused);
+  EXPECT_EQ(catalogue_.Append(Named(name, "new")), ChangeResult::kRefused);
+  EXPECT_EQ(catalogue_.Replace(*catalogue_.Find("Z"), Named(name, "new")), ChangeResult::kRefused);
+  EXPECT_EQ(before, Stored());
+}
+
+TEST_F(SchemeCatalogueTest, AppendsASchemeAndAddsToTheOthersWhatTheyLack) {
+  Load(R"("A"=hex(2):61 00 "Cut"=dword:31 [A\TabSelection] "Page1"=dword:9 [Cut])");
+  SchemeProperties added = Named("New", "fresh");
+  added.Tabs = {1, 2, 3};
+  EXPECT_EQ(catalogue_.Append(added), ChangeResult::kDone);
+  EXPECT_EQ(Listed(), "A:a Cut:1 New:fresh ");
+  const std::string listed = Listed();
+  (void)catalogue_.LoadCatalogue();
+  EXPECT_EQ(Listed(), listed);
+  const auto tabs = [this](const std::string& name) {
+    SchemeProperties scheme;
+    EXPECT_EQ(Outcome::kComplete, catalogue_.ReadScheme({name, ""}, scheme)) << name << " is whole now";
+    return scheme.Tabs;
   };
-  EXPECT_EXIT(load(), testing::ExitedWithCode(0),
-              "There has been a problem reading Kelvanstead Settings.\n"
-              "This is due to Kelvanstead not being installed or the settings have become damaged.\n"
-              "It is recommended that Kelvanstead is reinstalled.\n\n"
-              "Kelvanstead Scheme Manager can not run so will now exit");
+  EXPECT_EQ(tabs("New"), (TabSelection{1, 2, 3}));
+  EXPECT_EQ(tabs("A"), (TabSelection{9, 0, 0})) << "what was there stays";
+  EXPECT_EQ(tabs("Cut"), TabSelection());
 }
 
-TEST_F(SchemeCatalogueTest, DeletesASchemeWithAllThatHangsOffIt) {
+TEST_F(SchemeCatalogueTest, ReplacesTheValueOfTheOldNameOrPutsItBack) {
+  Load(R"("Old"=hex(2):25 61 25 00 "Other"="o" [Old] [Other])");
+  const std::string before = Stored();
+  const auto replace = [this](const char* refused) {
+    ImportedCalls calls({IMPORTED(RegDeleteValueA), IMPORTED(RegSetValueExA)});
+    calls.FailEach(refused, ERROR_ACCESS_DENIED);
+    (void)catalogue_.LoadCatalogue();
+    return catalogue_.Replace(*catalogue_.Find("Old"), Named("New", "n"));
+  };
+  EXPECT_EQ(replace("RegSetValueExA New"), ChangeResult::kRefused);
+  EXPECT_EQ(before, Stored()) << "type and bytes of the old value included";
+  EXPECT_EQ(replace("RegSetValueExA DefaultView"), ChangeResult::kIncomplete);
+  EXPECT_EQ(Listed(), "New:n Other:o ");
+  EXPECT_FALSE(ReadText(OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ).Get(), "Old"));
+  EXPECT_TRUE(catalogue_.IsTaken("New"));
+}
+
+TEST_F(SchemeCatalogueTest, RemovesASchemeWithAllThatHangsOffIt) {
   // Neighbours in the order of the registry are allocated, in the first, the middle and the last place.
   const std::string kept = R"("0"="" "3"="Staff 2" "6"=")" + std::string(300, 'x') + '"';
   const std::string all =
@@ -74,21 +138,24 @@ TEST_F(SchemeCatalogueTest, DeletesASchemeWithAllThatHangsOffIt) {
     WriteTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), all);
   Load(R"(@="unnamed" "Staff"="1" "Staff 2"="2" [Staff 2\Deep] [Staff\Deep 2]
           [Staff\Deep\Deeper\Deepest 1] [Staff\Deep\Deeper\Deepest 2] "x"="y")");
-  catalogue_.Schemes.push_back({"staff", {}, {}, {}, {}, {}, {}});
-  catalogue_.Config.Entries.push_back({"staff", ""});
   const std::string before = DumpTree(HKEY_LOCAL_MACHINE, "");
   for (const char* noKey : {"", "Staff\\Deep"}) {
-    catalogue_.DeleteScheme(noKey);
+    EXPECT_EQ(catalogue_.Remove(noKey), ChangeResult::kRefused);
     SchemeCatalogue::DeleteSchemeKeyTree(noKey);
   }
-  EXPECT_EQ(before, DumpTree(HKEY_LOCAL_MACHINE, ""));
-  EXPECT_EQ(":unnamed Staff:1 Staff 2:2 staff: ", Listed());
+  {
+    ImportedCalls calls({IMPORTED(RegOpenKeyExA)});
+    calls.FailEach(kSchemesKey, ERROR_ACCESS_DENIED);
+    EXPECT_EQ(catalogue_.Remove("Staff"), ChangeResult::kRefused);
+  }
+  EXPECT_EQ(before, DumpTree(HKEY_LOCAL_MACHINE, "")) << "its allocations included";
+  EXPECT_EQ(":unnamed Staff:1 Staff 2:2 ", Listed());
 
-  catalogue_.DeleteScheme("Staff");
+  EXPECT_EQ(catalogue_.Remove("Staff"), ChangeResult::kDone);
   ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"(@="unnamed" "Staff 2"="2" [Staff 2\Deep])");
   for (const char* kind : {kClassSchemes, kUserSchemes, kUserGroupSchemes})
     ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), kind == kUserGroupSchemes ? all : kept);
-  EXPECT_EQ(":unnamed Staff 2:2 staff: ", Listed());
+  EXPECT_EQ(":unnamed Staff 2:2 ", Listed());
 }
 
 // A first subkey with a long name ends the walk; behind a shorter one it is deleted like any other.
@@ -102,15 +169,24 @@ TEST_F(SchemeCatalogueTest, TreeDeletionKeepsItsLimitOnTheFirstName) {
 }
 
 TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
-  ConfigHive hive{{{"Infants", "For \"us\""}, {"", "blank"}, {"a\\b", "no name"}, {"Juniors", ""}}};
-  DialogScript script;
-  script.ExpectMessage("Settings Problem",
-                       "Caution: There has been a problem setting Software\\Tessaly\\Kelvanstead\\Schemes");
-  EXPECT_FALSE(hive.SaveToRegistry());
+  ConfigHive hive{
+      {{"Infants", "For \"us\""}, {"", "blank"}, {"a\\b", "no name"}, {"Juniors", ""}, {"Omega", "?"}}};
+  std::string caution;
+  const auto tell = [&caution](const std::string& keyPath) { caution += keyPath; };
+  EXPECT_FALSE(hive.SaveToRegistry(tell));
+  EXPECT_EQ(caution, "Software\\Tessaly\\Kelvanstead\\Schemes");
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 
   WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Gone"="stays" "Juniors"=dword:1)");
-  EXPECT_TRUE(hive.SaveToRegistry());
+  const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
+  const wchar_t outside[] = L"\u4e00";  // reads as a question mark, and stays what it is
+  RegSetValueExW(schemes.Get(), L"Omega", 0, REG_SZ, reinterpret_cast<const BYTE*>(outside), sizeof(outside));
+  EXPECT_TRUE(hive.SaveToRegistry(tell));
+  wchar_t stored[2] = {};
+  DWORD size = sizeof(stored);
+  RegQueryValueExW(schemes.Get(), L"Omega", nullptr, nullptr, reinterpret_cast<BYTE*>(stored), &size);
+  EXPECT_EQ(std::wstring(stored), outside);
+  RegDeleteValueA(schemes.Get(), "Omega");
   ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Infants"="For \"us\"" "Juniors"="" "Gone"="stays")");
 }
 
@@ -125,7 +201,7 @@ TEST(ConfigHiveTest, ReadsAsManyEntriesAsStatedAndThereCanBe) {
     TheRecordStore().Fill(SplitRecords(FileBytes(file + stated)));
     ConfigHive hive{{{"left", "over"}}};
     hive.ReadFromFile();
-    std::vector<ConfigHiveEntry> expected{{"Infants", "one"}, {"", "blank"}, {"Juniors", fits}};
+    std::vector<SchemeEntry> expected{{"Infants", "one"}, {"", "blank"}, {"Juniors", fits}};
     expected.resize(read, {"", "blank"});
     EXPECT_EQ(expected, hive.Entries) << stated;
   }

@@ -31,9 +31,10 @@ bool IsPupil(const std::string& accountType) {
 }
 
 CandidateOutcome Load(const std::string& name, SchemeProperties& scheme) {
-  if (LoadSchemeProperties(name, scheme)) return CandidateOutcome::kLoaded;
+  if (LoadSchemeProperties(name, scheme) == Outcome::kComplete) return CandidateOutcome::kLoaded;
   if (name.empty()) return CandidateOutcome::kNoScheme;
-  return HasSchemeKey(name) ? CandidateOutcome::kIncomplete : CandidateOutcome::kMissing;
+  return FindSchemeKey(name) == Outcome::kIncomplete ? CandidateOutcome::kMissing
+                                                     : CandidateOutcome::kIncomplete;
 }
 
 }  // namespace

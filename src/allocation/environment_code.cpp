@@ -3,9 +3,9 @@
 #include <windows.h>
 
 #include <oaidl.h>
-#include <objbase.h>
 
 #include "allocation/guarded_call.h"
+#include "base/com_apartment.h"
 
 // The component's interface. Only the place of the one operation that is called matters: the other three are
 // there to keep it. Not in the unnamed namespace: the compiler would see that nothing here implements it, and
@@ -25,19 +25,6 @@ constexpr IID kEnvironmentInterface = {
     0x99545BF5, 0x91B6, 0x4994, {0xBB, 0xE1, 0x31, 0xFD, 0x17, 0x12, 0x91, 0xD3}};
 
 constexpr DWORD kAnyServer = CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER | CLSCTX_LOCAL_SERVER;
-
-class ComApartment {
- public:
-  ComApartment() : initialised_(SUCCEEDED(CoInitialize(nullptr))) {}
-  ~ComApartment() {
-    if (initialised_) CoUninitialize();
-  }
-  ComApartment(const ComApartment&) = delete;
-  ComApartment& operator=(const ComApartment&) = delete;
-
- private:
-  const bool initialised_;
-};
 
 // Calls the component's code. False when it threw, crashes included.
 template <class Function>

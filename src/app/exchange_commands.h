@@ -1,12 +1,17 @@
-// The commands "Save to disk" and "Load from disk", with their file dialogs and messages over `owner`.
+// The commands "Save to disk" and "Load from disk", with their file dialogs, progress windows and messages.
+// From the choice of a file to the end of the command `owner` is disabled, and keys and clicks made meanwhile
+// are dropped.
 #pragma once
 
 #include <windows.h>
 
-// Asks for a file name and exports every scheme of the machine into it. Says so when the folder does not
-// exist or the file cannot be written.
+#include <functional>
+
+// Asks for a file name and exports every scheme of the machine into it. Says so, and leaves the file that was
+// there alone, when the folder does not exist, when the machine could not be read whole, or when the file
+// cannot be written. Where the Schemes key is missing, ends the program.
 void SaveToDisk(HWND owner);
 
-// Asks for a file and imports its schemes. False when the user cancelled; otherwise the registry may have
-// changed.
-bool LoadFromDisk(HWND owner);
+// Asks for a file, imports its schemes and, once the registry may have changed, calls `reload`. Says so, with
+// nothing changed, when the file is not to be read or is no scheme file.
+void LoadFromDisk(HWND owner, const std::function<void()>& reload);

@@ -8,6 +8,7 @@
 
 #include "allocation/dialog/allocation_dialog.h"
 #include "app/about_dialog.h"
+#include "app/catalogue_messages.h"
 #include "app/exchange_commands.h"
 #include "app/main_dialog_ids.h"
 #include "app/settings.h"
@@ -23,6 +24,7 @@ namespace {
 constexpr COLORREF kButtonText = 0x800000;  // navy blue
 constexpr int kButtonIconSize = 16;
 constexpr int kColumnWidth = 180;
+constexpr int kLeastColumnWidth = 40;
 
 constexpr int kListIconSize = 16;
 constexpr int kImageListRoom = 300;
@@ -45,7 +47,8 @@ CMainDialog::CMainDialog() : CDialog(IDD_MAIN) {}
 
 bool CMainDialog::OnInitDialog() {
   SetUpWindowIcons();
-  catalogue_.LoadCatalogue(true);
+  LoadCatalogueOrEnd(catalogue_);
+  ReportUnreadableSchemes(catalogue_);
   SetUpButtons();
   SetUpList();
   FillList();
@@ -86,18 +89,18 @@ void CMainDialog::SetUpList() {
     EnableItem(id, true);
 }
 
-void CMainDialog::FillList(std::optional<int> rowToSelect) {
+void CMainDialog::FillList(int rowToSelect) {
   SendMessageA(list_, WM_SETREDRAW, FALSE, 0);
   ListView_DeleteAllItems(list_);
   RebuildImageList();
   catalogue_.LoadProtectedSchemes();
-  for (int row = 0; const SchemeProperties& scheme : catalogue_.Schemes)
+  for (int row = 0; const SchemeEntry& scheme : catalogue_.Schemes())
     InsertRow(row++, scheme);
   SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
   // Only now does the list know whether it needs a scroll bar.
   FitDescriptionColumn();
-  if (rowToSelect && *rowToSelect >= 0) {
-    SelectRow(list_, *rowToSelect);
+  if (rowToSelect >= 0) {
+    SelectRow(list_, rowToSelect);
   } else {
     FocusFirstRow(list_);
   }
@@ -115,7 +118,7 @@ void CMainDialog::RebuildImageList() {
   images_ = std::move(images);
 }
 
-void CMainDialog::InsertRow(int row, const SchemeProperties& scheme) {
+void CMainDialog::InsertRow(int row, const SchemeEntry& scheme) {
   InsertListRow(list_, row, scheme.Name.c_str(),
                 catalogue_.IsProtected(scheme.Name) ? kBuiltInImage : kSchemeImage);
   SetListCell(list_, row, 1, scheme.Description.c_str());
@@ -125,14 +128,14 @@ void CMainDialog::InsertRow(int row, const SchemeProperties& scheme) {
 void CMainDialog::FitDescriptionColumn() {
   RECT area{};
   GetClientRect(list_, &area);
-  ListView_SetColumnWidth(list_, 1, area.right - ListView_GetColumnWidth(list_, 0));
+  const int width = static_cast<int>(area.right) - ListView_GetColumnWidth(list_, 0);
+  ListView_SetColumnWidth(list_, 1, std::max(width, kLeastColumnWidth));
 }
 
-std::optional<int> CMainDialog::FindRow(const std::string& schemeName) const {
-  for (std::size_t row = catalogue_.Schemes.size(); row-- > 0;) {
-    if (catalogue_.Schemes[row].Name == schemeName) return static_cast<int>(row);
-  }
-  return std::nullopt;
+void CMainDialog::Reload(const std::string& schemeToSelect) {
+  LoadCatalogueOrEnd(catalogue_);
+  const std::optional<std::size_t> row = catalogue_.Find(schemeToSelect);
+  FillList(row ? static_cast<int>(*row) : -1);
 }
 
 void CMainDialog::OnCommand(int id, int code) {
@@ -184,14 +187,14 @@ void CMainDialog::ShowAbout() {
 void CMainDialog::EditSelectedScheme() {
   const int row = SelectedRow(list_);
   if (row < 0) return;
-  if (EditScheme(Window(), catalogue_, static_cast<std::size_t>(row), Pictures())) FillList(row);
+  const auto edited = EditScheme(Window(), catalogue_, static_cast<std::size_t>(row), Pictures());
+  if (edited) Reload(*edited);
 }
 
 void CMainDialog::CreateNewScheme() {
   const int row = SelectedRow(list_);
-  const auto created =
-      CreateScheme(Window(), catalogue_, row < 0 ? std::string() : ListCellText(list_, row, 0), Pictures());
-  if (created) FillList(FindRow(*created));
+  const std::string selected = row < 0 ? std::string() : ListCellText(list_, row, 0);
+  if (const auto created = CreateScheme(Window(), catalogue_, selected, Pictures())) Reload(*created);
 }
 
 void CMainDialog::DeleteSelectedScheme() {
@@ -210,17 +213,20 @@ void CMainDialog::DeleteSelectedScheme() {
     ShowWarning(Window(), name + " is a built in scheme and cannot be removed", "Error");
     return;
   }
+  if (catalogue_.IsAmbiguous(name)) {
+    ShowWarning(Window(), name + " cannot be told apart from another scheme and cannot be removed", "Error");
+    return;
+  }
   if (ShowWarning(Window(), "Are you sure you want to delete this scheme ?", "Scheme Deletion",
                   MB_OKCANCEL) != IDOK) {
     return;
   }
-  catalogue_.DeleteScheme(name);
-  const int last = static_cast<int>(catalogue_.Schemes.size()) - 1;
-  FillList(std::min(row, last));
+  // What the registry refuses to delete is not reported: the list shows it.
+  (void)catalogue_.Remove(name);
+  LoadCatalogueOrEnd(catalogue_);
+  FillList(std::min(row, static_cast<int>(catalogue_.Schemes().size()) - 1));
 }
 
 void CMainDialog::LoadSchemesFromDisk() {
-  if (!LoadFromDisk(Window())) return;
-  catalogue_.LoadCatalogue(false);
-  FillList();
+  LoadFromDisk(Window(), [this] { Reload(""); });
 }

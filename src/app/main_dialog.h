@@ -1,7 +1,6 @@
 // The main window: the schemes of the machine and every command of the program.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "controls/dialog.h"
@@ -23,13 +22,14 @@ class CMainDialog : public CDialog {
   void SetUpButtons();
   void SetUpList();
 
-  // Shows the catalogue as it stands, and selects a row if it has one of that number.
-  void FillList(std::optional<int> rowToSelect = std::nullopt);
+  // Loads the catalogue after a command that changed schemes, shows it, and selects the last scheme of that
+  // name, if there is one.
+  void Reload(const std::string& schemeToSelect);
+  // Shows the catalogue as it stands, and selects a row; none below 0.
+  void FillList(int rowToSelect = -1);
   void RebuildImageList();
-  void InsertRow(int row, const SchemeProperties& scheme);
+  void InsertRow(int row, const SchemeEntry& scheme);
   void FitDescriptionColumn();
-  // The row of the last scheme of that name, if there is one.
-  std::optional<int> FindRow(const std::string& schemeName) const;
 
   void EditSelectedScheme();
   void CreateNewScheme();
@@ -37,7 +37,7 @@ class CMainDialog : public CDialog {
   void LoadSchemesFromDisk();
   void ShowAbout();
 
-  // Loaded at start, and again after each command that changes schemes behind its back.
+  // Loaded at start, and again after each command that changes schemes.
   SchemeCatalogue catalogue_;
   HWND list_ = nullptr;
   UniqueImageList images_;

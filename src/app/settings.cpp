@@ -5,6 +5,7 @@
 #include <io.h>
 #include <shellapi.h>
 
+#include "base/com_apartment.h"
 #include "controls/message.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
@@ -38,6 +39,7 @@ bool ShowHelp() {
                 "Help Problem", MB_ICONINFORMATION);
     return false;
   }
+  const ComApartment apartment;  // the shell may hand the file to a component
   ShellExecuteA(nullptr, "open", helpPath.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
   return true;
 }

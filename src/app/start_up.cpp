@@ -1,45 +1,51 @@
 #include "app/start_up.h"
 
 #include <windows.h>
-#include <tlhelp32.h>
 
 #include <algorithm>
-#include <iterator>
+#include <cstddef>
 #include <string>
+#include <vector>
 
+#include "app/catalogue_messages.h"
 #include "app/main_dialog.h"
 #include "app/settings.h"
+#include "base/program_processes.h"
 #include "base/unique_handle.h"
 #include "controls/message.h"
 #include "registry/catalogue/scheme_catalogue.h"
-#include "registry/registry_access.h"
+#include "registry/policy.h"
 
 namespace {
 
 constexpr char kMainWindowTitle[] = "Kelvanstead Scheme Manager";
-constexpr char kPolicyKey[] = "Software\\Policies\\Tessaly\\Kelvanstead Scheme Manager";
-
-// The executable names under which snapshots of the various Windows versions list the program.
-constexpr const char* kProcessNames[] = {
-    "Kelvanstead Scheme Manager",
-    "Kelvanstead Scheme Manager.",
-    "Kelvanstead Scheme Manager.exe",
-    "C:\\Program Files\\Tessaly\\Kelvanstead Scheme Manager\\Kelvanstead Scheme Manager.exe",
-};
-
-bool IsThisProgram(const PROCESSENTRY32& process) {
-  const UniqueProcess opened(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, process.th32ProcessID));
-  return opened &&
-         std::any_of(std::begin(kProcessNames), std::end(kProcessNames),
-                     [&process](const char* name) { return lstrcmpiA(process.szExeFile, name) == 0; });
+// The uppermost window of another process of this program that takes input: a dialog rather than the window
+// that it disables.
+HWND FindWindowToRaise() {
+  struct Search {
+    std::vector<DWORD> Processes;
+    HWND Found;
+  } search{ProgramProcesses(), nullptr};
+  std::erase(search.Processes, GetCurrentProcessId());
+  const auto examine = [](HWND window, LPARAM parameter) -> BOOL {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    const bool takesInput = IsWindowVisible(window) && IsWindowEnabled(window) &&
+                            (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+    if (takesInput && std::ranges::count(search.Processes, process)) search.Found = window;
+    return search.Found == nullptr;
+  };
+  EnumWindows(examine, reinterpret_cast<LPARAM>(&search));
+  return search.Found;
 }
 
+// Restoring does not raise a window that is not minimised. And the window of that title may be another
+// program's, the folder of this one for instance.
 void BringMainWindowToFront() {
-  const HWND window = FindWindowExA(nullptr, nullptr, nullptr, kMainWindowTitle);
-  if (!window) return;
-  ShowWindow(window, SW_RESTORE);
-  // Restoring does not raise a window that is not minimised. What its user works in may be a dialog above it.
-  SetForegroundWindow(GetLastActivePopup(window));
+  if (const HWND titled = FindWindowExA(nullptr, nullptr, nullptr, kMainWindowTitle))
+    ShowWindow(titled, SW_RESTORE);
+  if (const HWND window = FindWindowToRaise()) SetForegroundWindow(window);
 }
 
 }  // namespace
@@ -56,23 +62,14 @@ bool CSchemeManagerApp::InitInstance() {
   return false;
 }
 
-bool CSchemeManagerApp::IsAlreadyRunning() {
-  const UniqueFile snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-  if (!snapshot) return false;
-  int copies = 0;
-  PROCESSENTRY32 process{};
-  process.dwSize = sizeof(process);
-  for (BOOL more = Process32First(snapshot.Get(), &process); more;
-       more = Process32Next(snapshot.Get(), &process)) {
-    if (IsThisProgram(process)) ++copies;
-  }
-  return copies > 1;  // this copy counts itself
-}
+// This copy counts itself.
+bool CSchemeManagerApp::IsAlreadyRunning() { return ProgramProcesses().size() > 1; }
 
 bool CSchemeManagerApp::SchemesPresent() {
+  constexpr std::size_t kOneIsEnough = 1;
   SchemeCatalogue catalogue;
-  catalogue.LoadCatalogue(false);
-  if (!catalogue.Schemes.empty()) return true;
+  LoadCatalogueOrEnd(catalogue, kOneIsEnough);
+  if (!catalogue.Schemes().empty()) return true;
   ShowMessage(nullptr,
               "There are no Kelvanstead Schemes on this machine\n\r"
               "so Kelvanstead Scheme Manager cannot run.\n\r\n\r"
@@ -82,16 +79,7 @@ bool CSchemeManagerApp::SchemesPresent() {
 }
 
 bool CSchemeManagerApp::PolicyAllows() {
-  DWORD lock = 0;
-  if (const UniqueKey key = OpenKey(HKEY_CURRENT_USER, kPolicyKey, KEY_READ)) {
-    // Any type counts, by its raw bytes. Longer data fails the query, which allows.
-    DWORD size = sizeof(lock);
-    if (RegQueryValueExA(key.Get(), "Lock", nullptr, nullptr, reinterpret_cast<BYTE*>(&lock), &size) !=
-        ERROR_SUCCESS) {
-      lock = 0;
-    }
-  }
-  if (lock == 0) return true;
+  if (!IsLockedByPolicy()) return true;
   ShowMessage(nullptr, "Kelvanstead Scheme Manager cannot be used by pupils.", "Access Denied");
   return false;
 }
@@ -99,11 +87,7 @@ bool CSchemeManagerApp::PolicyAllows() {
 bool CSchemeManagerApp::BitmapsAvailable() {
   SetCurrentDirectoryA(GetDefaultPictures().c_str());
   WIN32_FIND_DATAA found{};
-  const HANDLE search = FindFirstFileA("*.bmp", &found);
-  if (search != INVALID_HANDLE_VALUE) {
-    FindClose(search);
-    return true;
-  }
+  if (UniqueFind(FindFirstFileA("*.bmp", &found))) return true;
   ShowMessage(nullptr,
               "There are no bitmaps available for the Scheme Manager.\n\r"
               "Please reinstall Kelvanstead.",

@@ -8,7 +8,7 @@
 
 #include "controls/list_view.h"
 #include "editor/item_list_page_ids.h"
-#include "model/scheme_properties.h"
+#include "model/item_list.h"
 #include "resources/resource_ids.h"
 
 CListPage::CListPage(const ItemListTexts& texts)
@@ -82,7 +82,7 @@ void CListPage::OnListKey(WORD key) {
 }
 
 void CListPage::OnAdd() {
-  if (ItemCount() < kMaxRecords && AddItem()) Refresh(ItemCount() - 1);
+  if (ItemCount() < kMaxItems && AddItem()) Refresh(ItemCount() - 1);
 }
 
 void CListPage::OnEdit() {
@@ -127,7 +127,7 @@ void CListPage::UpdateButtons() {
   const struct {
     int id;
     bool enable;
-  } buttons[] = {{IDC_ADD_ITEM, ItemCount() < kMaxRecords},
+  } buttons[] = {{IDC_ADD_ITEM, ItemCount() < kMaxItems},
                  {IDC_EDIT_ITEM, row >= 0},
                  {IDC_REMOVE_ITEM, row >= 0},
                  {IDC_MOVE_UP, row > 0},

@@ -7,8 +7,8 @@
 CMyPropertySheet::CMyPropertySheet(std::string title, const SchemeProperties& scheme,
                                    const PictureFolders& folders)
     : CPropertySheet(std::move(title)), general_(scheme), links_(folders), files_(folders) {
-  links_.Links = scheme.WebLinks.Records;
-  files_.Roots = scheme.FolderDisplay.Records;
+  links_.Links = scheme.WebLinks;
+  files_.Roots = scheme.FolderRoots;
   AddPage(general_);
   AddPage(links_);
   AddPage(files_);
@@ -26,6 +26,6 @@ bool CMyPropertySheet::Run(HWND owner) {
 
 void CMyPropertySheet::CopyTo(SchemeProperties& scheme) const {
   general_.CopyTo(scheme);
-  scheme.WebLinks.Assign(links_.Links);
-  scheme.FolderDisplay.Assign(files_.Roots);
+  scheme.WebLinks = links_.Links;
+  scheme.FolderRoots = files_.Roots;
 }

@@ -2,61 +2,67 @@
 
 #include <windows.h>
 
-#include "model/property_records.h"
+#include <set>
+
+#include "base/names.h"
 #include "model/scheme_storage.h"
-#include "model/settings_caution.h"
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
-#include "schemefile/records/record_store.h"
 
 namespace {
 
-constexpr char kFileLabel[] = "Config Hive";
-
-std::string FileKey(std::int32_t number) { return "Config" + std::to_string(number); }
+// Whether the value is a REG_SZ that reads as `text` (RegQueryValueExA). Stored characters outside the code
+// page read as others, and stay.
+bool IsStored(HKEY schemes, const std::string& name, const std::string& text) {
+  char data[kMaxTextLength + 1];
+  DWORD type = REG_NONE;
+  DWORD size = sizeof(data);
+  return RegQueryValueExA(schemes, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(data), &size) ==
+             ERROR_SUCCESS &&
+         type == REG_SZ && size == text.size() + 1 && text.compare(0, text.npos, data, text.size()) == 0;
+}
 
 }  // namespace
 
-void ConfigHive::LoadFromRegistry() {
+SchemeWalk ConfigHive::LoadFromRegistry(SchemesAccess access, std::size_t mostEntries) {
   Entries.clear();
-  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ);
-  if (!key) return;
-  ForEachValue(key.Get(), [this](const std::string& name, const std::string& text) {
-    if (HasSchemeKey(name)) Entries.push_back({name, text});
+  SchemeWalk walk;
+  const UniqueKey key =
+      OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, access == SchemesAccess::kRead ? KEY_READ : KEY_ALL_ACCESS);
+  if (!key) return walk;
+  walk.Opened = true;
+  std::set<std::string, NameLess> names;
+  const LSTATUS end = ForEachValue(key.Get(), [&](const std::string& name, const std::string& text) {
+    if (!names.insert(name).second) {
+      walk.Unreadable.push_back(name);
+      walk.Ambiguous.push_back(name);
+      return true;
+    }
+    const Outcome found = FindSchemeKey(name);
+    walk.Failed |= found == Outcome::kFailed;
+    if (found == Outcome::kComplete) {
+      Entries.push_back({name, text});
+    } else {
+      walk.Unreadable.push_back(name);
+    }
+    return Entries.size() < mostEntries;
   });
+  walk.CutShort = end == ERROR_MORE_DATA;
+  walk.Failed |= end != ERROR_NO_MORE_ITEMS && end != ERROR_MORE_DATA && end != ERROR_SUCCESS;
+  return walk;
 }
 
-bool ConfigHive::SaveToRegistry() const {
-  if (!RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, kSchemesKey)) {
-    ShowSettingsCaution(kSchemesKey);
+bool ConfigHive::SaveToRegistry(const SettingsCaution& caution) const {
+  if (!RegistryKey::KeyExists(kSchemesKey)) {
+    if (caution) caution(kSchemesKey);
     return false;
   }
-  RegistryKey key(true, kSchemesKey, HKEY_LOCAL_MACHINE);
-  bool complete = true;
-  for (const ConfigHiveEntry& entry : Entries) {
-    if (!IsSchemeName(entry.SchemeName)) continue;
-    complete &= key.SetString(entry.SchemeName.c_str(), entry.ConfigText.c_str(), false);
+  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ | KEY_WRITE);
+  bool complete = static_cast<bool>(key);
+  for (const SchemeEntry& entry : Entries) {
+    if (!key || !IsSchemeName(entry.Name) || IsStored(key.Get(), entry.Name, entry.Description)) continue;
+    complete &= WriteText(key.Get(), entry.Name, entry.Description) == ERROR_SUCCESS;
   }
   return complete;
-}
-
-void ConfigHive::WriteToFile() const {
-  RecordStore& store = TheRecordStore();
-  std::int32_t number = 0;
-  for (const ConfigHiveEntry& entry : Entries) {
-    store.WriteStringRecord(kFileLabel, FileKey(++number), entry.SchemeName);
-    store.WriteStringRecord(kFileLabel, entry.SchemeName, entry.ConfigText);
-  }
-}
-
-void ConfigHive::ReadFromFile() {
-  RecordStore& store = TheRecordStore();
-  const std::int32_t count = ReadSchemeCount(store);
-  Entries.clear();
-  for (std::int32_t i = 1; i <= count; ++i) {
-    ConfigHiveEntry& entry = Entries.emplace_back();
-    entry.SchemeName = store.ReadStringRecord(kFileLabel, FileKey(i));
-    entry.ConfigText = store.ReadStringRecord(kFileLabel, entry.SchemeName).substr(0, kMaxTextLength);
-  }
 }

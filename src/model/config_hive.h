@@ -1,28 +1,47 @@
-// The list of (scheme name, text) pairs kept as REG_SZ values of the Schemes key itself. The text is opaque
-// here; the same value is the description that the scheme list shows.
+// The schemes by name: the list of pairs kept as REG_SZ values of the Schemes key itself. The text of a pair is
+// opaque to the shell's configuration; the same value is the description that the scheme list shows.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
-struct ConfigHiveEntry {
-  std::string SchemeName;
-  std::string ConfigText;
+#include "model/settings_caution.h"
 
-  bool operator==(const ConfigHiveEntry&) const = default;
+struct SchemeEntry {
+  std::string Name;
+  std::string Description;
+
+  bool operator==(const SchemeEntry&) const = default;
+};
+
+// What the Schemes key is opened for.
+enum class SchemesAccess { kRead, kChange };
+
+// What a walk over the values of the Schemes key met besides the schemes.
+struct SchemeWalk {
+  bool Opened = false;  // else nothing of the rest counts
+  // Values that stand for no scheme that could be shown: without a key of their name, or of a name that a
+  // value before them has already, from which they cannot be told apart.
+  std::vector<std::string> Unreadable;
+  // Names that more than one value enumerates under: nothing may be written or deleted through them.
+  std::vector<std::string> Ambiguous;
+  bool CutShort = false;  // the walk ended at a value of more than 259 characters
+  bool Failed = false;    // the registry refused something that may be there
 };
 
 class ConfigHive {
  public:
-  // Replaces the list by the values of the Schemes key, in the registry's order. Values without a key of the
-  // same name are dropped; a name or text longer than 259 characters ends the list. Empty when the key cannot
-  // be opened.
-  void LoadFromRegistry();
+  // Replaces the list by the values of the Schemes key, in the registry's order (RegEnumValueA). Values
+  // without a key of the same name are dropped; a name or text longer than 259 characters ends the list, as
+  // does its `mostEntries`-th entry. Empty when the key cannot be opened so (KEY_READ, KEY_ALL_ACCESS).
+  SchemeWalk LoadFromRegistry(SchemesAccess access, std::size_t mostEntries = SIZE_MAX);
 
-  // Writes every pair as a value of the Schemes key. Where that key does not exist, shows the settings
-  // caution and writes nothing. Pairs without a usable scheme name are passed over. True when everything was
-  // written.
-  bool SaveToRegistry() const;
+  // Writes every pair as a value of the Schemes key; one that is a REG_SZ of that text already is left as it
+  // is, so that characters outside the code page survive. Where the key does not exist, tells `caution` and
+  // writes nothing. Pairs without a usable scheme name are passed over. True when everything was written.
+  [[nodiscard]] bool SaveToRegistry(const SettingsCaution& caution) const;
 
   // Appends two records a pair to the record store.
   void WriteToFile() const;
@@ -30,5 +49,5 @@ class ConfigHive {
   // as it has records. A text is cut to 259 characters: a longer one would end every later list.
   void ReadFromFile();
 
-  std::vector<ConfigHiveEntry> Entries;
+  std::vector<SchemeEntry> Entries;
 };

@@ -5,71 +5,35 @@
 // uneven, that is how existing installations and files have it.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "model/configuration_sections.h"
 #include "model/field.h"
+#include "model/item_list.h"
 #include "registry/registry_paths.h"
 
-// A record of a list may have values in more than one key.
-template <class Item>
-struct ItemPart {
-  const char* SubKey;                                // follows the path of the record's key
-  const char* FileSuffix;                            // follows the record's owner in a file
-  std::span<const Field<Item>> Fields;               // as they are loaded, saved and written to a file
-  std::span<const Field<Item>> ReadFields = Fields;  // as they are read from a file
-};
-
+// What a section's list of items adds to its layout.
 template <class Section, class Item>
-struct ItemsLayout {
-  std::vector<Item> Section::*List;
-  std::uint32_t Section::*Count;
-  const char* Word;            // with a number behind it, the record's key and its name in a file
-  std::string Item::*KeyName;  // member that holds that name, or null
-  const char* FileLabel;       // follows the scheme's name
-  const char* Guard;
-  std::span<const ItemPart<Item>> Parts;
+struct SectionItems {
+  std::uint32_t Section::*Count;  // the number of items, a value of the section
+  const char* Guard;              // no item is written unless this key exists
+  ItemListLayout<Section, Item> Items;
 };
 
 struct NoItems {};
 
-template <class Section, class Items = NoItems>
+template <class Section, class List = NoItems>
 struct SectionLayout {
   const char* FileLabel;  // follows the scheme's name
   const char* Guard;      // nothing is written unless this key exists
   std::span<const Field<Section>> Fields;
-  Items List = {};
+  List Items = {};
   std::span<const Field<Section>> SaveFields = Fields;
   std::span<const Field<Section>> FileFields = Fields;
 };
-
-template <class Record, std::size_t First, std::size_t Second>
-consteval FieldTable<Record, First + Second> Joined(const FieldTable<Record, First>& first,
-                                                    const FieldTable<Record, Second>& second) {
-  return [&]<std::size_t... I, std::size_t... J>(std::index_sequence<I...>, std::index_sequence<J...>) {
-    return FieldTable<Record, First + Second>{first[I]..., second[J]...};
-  }
-  (std::make_index_sequence<First>{}, std::make_index_sequence<Second>{});
-}
-
-// The table with another label in each of the named rows.
-template <class Record, std::size_t Size, std::size_t Count>
-consteval FieldTable<Record, Size> Relabelled(
-    FieldTable<Record, Size> table, const std::pair<std::string_view, const char*> (&labels)[Count]) {
-  for (const auto& [name, label] : labels) {
-    const auto field = std::ranges::find(table, name, &Field<Record>::Name);
-    if (field == table.end()) throw "no such field";
-    field->Label = label;
-  }
-  return table;
-}
 
 // Buttons. The blanks at the ends of labels belong to them.
 
@@ -87,9 +51,7 @@ inline constexpr FieldTable<ToolButton, 10> kMyWorkButtonFields{{
 }};
 // Only MyWork has AgentMsg.
 inline constexpr auto kButtonFields =
-    InOrder(kMyWorkButtonFields,
-            std::to_array<std::string_view>({"AgentLongMessage", "AgentShortMessage", "JScript", "Name",
-                                             "SupportedDefault", "Text", "ToolTip", "URL", "WavFile"}));
+    Without(kMyWorkButtonFields, std::to_array<std::string_view>({"AgentMsg"}));
 // The tool bar writes two labels without the blank with which it looks them up, so that a button's address
 // and sound never come back from a file. Its "Text" has no blank on either side.
 inline constexpr auto kToolBarButtonFields =
@@ -106,13 +68,15 @@ inline constexpr ItemPart<ToolButton> kButtonImages{"\\Images", "Images", kButto
 inline constexpr ItemPart<ToolButton> kButtonParts[] = {{"", "", kButtonFields}, kButtonImages};
 inline constexpr ItemPart<ToolButton> kMyWorkButtonParts[] = {{"", "", kMyWorkButtonFields}, kButtonImages};
 inline constexpr ItemPart<ToolButton> kToolBarButtonParts[] = {
-    {"", "", kToolBarButtonFields, kToolBarButtonReadFields}, kButtonImages};
+    {"", "", kButtonFields, kToolBarButtonFields, kToolBarButtonReadFields}, kButtonImages};
 
+// `fileLabel` stands between the scheme's name and the button's.
 template <class Section>
-consteval ItemsLayout<Section, ToolButton> ButtonsOf(const char* fileLabel,
-                                                     std::span<const ItemPart<ToolButton>> parts) {
-  return {
-      &Section::ButtonList, &Section::Buttons, "Button", &ToolButton::KeyName, fileLabel, kProductKey, parts};
+consteval SectionItems<Section, ToolButton> ButtonsOf(const char* fileLabel,
+                                                      std::span<const ItemPart<ToolButton>> parts) {
+  return {&Section::Buttons,
+          kProductKey,
+          {&Section::ButtonList, "Button", &ToolButton::KeyName, fileLabel, parts}};
 }
 
 // Sections.
@@ -148,15 +112,17 @@ inline constexpr FieldTable<FolderDisplaySection, 6> kFolderDisplayFields{{
     {"UseLargeIcons", &FolderDisplaySection::UseLargeIcons},
 }};
 template <>
-inline constexpr SectionLayout<FolderDisplaySection, ItemsLayout<FolderDisplaySection, FolderRoot>>
-    kLayout<FolderDisplaySection>{" - Folder Display",
-                                  kSettingsKey,
-                                  kFolderDisplayFields,
-                                  {&FolderDisplaySection::Roots, &FolderDisplaySection::RootFoldersCount,
-                                   "Root", nullptr, " - Folder Display", kSettingsKey, kConfiguredRootParts}};
+inline constexpr SectionLayout<FolderDisplaySection, SectionItems<FolderDisplaySection, FolderRoot>>
+    kLayout<FolderDisplaySection>{
+        " - Folder Display",
+        kSettingsKey,
+        kFolderDisplayFields,
+        {&FolderDisplaySection::RootFoldersCount,
+         kSettingsKey,
+         {&FolderDisplaySection::Roots, "Root", nullptr, " - Folder Display - ", kConfiguredRootParts}}};
 
 template <class Section>
-using ButtonSectionLayout = SectionLayout<Section, ItemsLayout<Section, ToolButton>>;
+using ButtonSectionLayout = SectionLayout<Section, SectionItems<Section, ToolButton>>;
 
 inline constexpr FieldTable<MyProgramsSection, 4> kMyProgramsFields{{
     {"Buttons", &MyProgramsSection::Buttons},
@@ -167,7 +133,7 @@ inline constexpr FieldTable<MyProgramsSection, 4> kMyProgramsFields{{
 template <>
 inline constexpr ButtonSectionLayout<MyProgramsSection> kLayout<MyProgramsSection>{
     " - My Programs", kProductKey, kMyProgramsFields,
-    ButtonsOf<MyProgramsSection>(" - My Programs", kButtonParts)};
+    ButtonsOf<MyProgramsSection>(" - My Programs - ", kButtonParts)};
 
 // The rows that MyWork, PaneSelection and SystemMenu begin with.
 template <class Section>
@@ -193,13 +159,13 @@ inline constexpr auto kMyWorkFields =
 // The only section that is guarded by the Schemes key; its buttons are not.
 template <>
 inline constexpr ButtonSectionLayout<MyWorkSection> kLayout<MyWorkSection>{
-    " - My Work", kSchemesKey, kMyWorkFields, ButtonsOf<MyWorkSection>(" - My Work", kMyWorkButtonParts)};
+    " - My Work", kSchemesKey, kMyWorkFields, ButtonsOf<MyWorkSection>(" - My Work - ", kMyWorkButtonParts)};
 
 // The section and its buttons spell the label differently.
 template <>
 inline constexpr ButtonSectionLayout<PaneSelectionSection> kLayout<PaneSelectionSection>{
     " - PaneSelection", kProductKey, kPaneFields<PaneSelectionSection>,
-    ButtonsOf<PaneSelectionSection>(" - Pane Selection", kButtonParts)};
+    ButtonsOf<PaneSelectionSection>(" - Pane Selection - ", kButtonParts)};
 
 inline constexpr FieldTable<ScreenSettingsSection, 5> kScreenSettingsFields{{
     {"Maximised", &ScreenSettingsSection::Maximised},
@@ -231,7 +197,7 @@ inline constexpr auto kSystemMenuFileFields =
 template <>
 inline constexpr ButtonSectionLayout<SystemMenuSection> kLayout<SystemMenuSection>{
     " - System Menu",      kProductKey,
-    kSystemMenuFields,     ButtonsOf<SystemMenuSection>(" - System Menu", kButtonParts),
+    kSystemMenuFields,     ButtonsOf<SystemMenuSection>(" - System Menu - ", kButtonParts),
     kSystemMenuSaveFields, kSystemMenuFileFields};
 
 inline constexpr FieldTable<ToolBarSection, 7> kToolBarFields{{
@@ -249,5 +215,5 @@ inline constexpr auto kToolBarSaveFields =
                                              "Default", "LatchButton", "VerticalMenu"}));
 template <>
 inline constexpr ButtonSectionLayout<ToolBarSection> kLayout<ToolBarSection>{
-    " - Tool Bar", kProductKey, kToolBarFields, ButtonsOf<ToolBarSection>(" - Tool Bar", kToolBarButtonParts),
+    " - Tool Bar", kProductKey, kToolBarFields, ButtonsOf<ToolBarSection>(" - Tool Bar - ", kToolBarButtonParts),
     kToolBarSaveFields};

@@ -2,8 +2,8 @@
 // not show them. Their layout is in configuration_layout.h.
 //
 // Every section has the same four operations, on the section of the scheme that they are given. A fresh
-// section has empty texts, zeros and empty lists. As in scheme_storage.h a stated count is kept as it is
-// held, but no more than kMaxRecords records are read.
+// section has empty texts, zeros and empty lists. The stated count of a list is a value of the section, kept
+// and saved as it is held; no more than kMaxItems items are read.
 #pragma once
 
 #include <cstdint>
@@ -12,25 +12,26 @@
 #include <vector>
 
 #include "model/scheme_properties.h"
+#include "model/settings_caution.h"
 
 template <class Section>
 class ConfigurationSection {
  public:
   // Starts from a fresh section and reads what is there. True when the section's key and all its values were
-  // there and the list has as many records as stated.
+  // there and the list has as many items as stated.
   bool LoadFromRegistry(const std::string& scheme);
 
-  // Writes the section and every record of its list, and deletes nothing. Each level has a guard: a key that
-  // must exist. Where it does not, the settings caution is shown for the level, and the level is not written.
-  // Where the section may not be written its records are not either. True when everything was written and the
-  // list has no fewer records than stated.
-  bool SaveToRegistry(const std::string& scheme) const;
+  // Writes the section and every item of its list, and deletes nothing. Each level has a guard: a key that
+  // must exist. Where it does not, `caution` is told of the level's key, and the level is not written. Where
+  // the section may not be written its items are not either. True when everything was written and the list
+  // has no fewer items than stated.
+  bool SaveToRegistry(const std::string& scheme, const SettingsCaution& caution) const;
 
   // Appends the section's records to the process' record store.
   void WriteToFile(const std::string& scheme) const;
 
   // Reads the section from the record store. A missing record yields an empty text or 0. True when the list
-  // has as many records as stated.
+  // has as many items as stated.
   bool ReadFromFile(const std::string& scheme);
 
   bool operator==(const ConfigurationSection&) const = default;
@@ -161,7 +162,7 @@ struct ToolBarSection : ConfigurationSection<ToolBarSection> {
 class FullConfiguration {
  public:
   bool LoadFromRegistry(const std::string& scheme);
-  bool SaveToRegistry(const std::string& scheme) const;
+  bool SaveToRegistry(const std::string& scheme, const SettingsCaution& caution) const;
   void WriteToFile(const std::string& scheme) const;
   bool ReadFromFile(const std::string& scheme);
 

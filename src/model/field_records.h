@@ -1,48 +1,67 @@
-// Rows of a layout table (model/field.h) as records of a scheme file. Knows nothing of Windows.
+// Layout tables as records of a scheme file: rows (model/field.h) and counted lists (model/item_list.h).
+// Knows nothing of Windows.
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <variant>
 
 #include "model/field.h"
+#include "model/item_list.h"
 #include "schemefile/records/record_store.h"
 
-// Appends the record (`owner`, the row's label, the value of the row's member). Numbers are written in signed
+// Appends the record (`label`, the row's label, the value of the row's member). Numbers are written in signed
 // decimal: 0xFFFFFFFF as "-1".
-template <class Record>
-void WriteField(RecordStore& store, std::string_view owner, const Record& record,
-                const Field<Record>& field) {
-  if (const auto* text = std::get_if<typename Field<Record>::Text>(&field.Member)) {
-    store.WriteStringRecord(owner, field.Label, record.**text);
+template <class Owner>
+void WriteField(RecordStore& store, std::string_view label, const Owner& owner, const Field<Owner>& field) {
+  if (const auto* text = std::get_if<typename Field<Owner>::Text>(&field.Member)) {
+    store.WriteStringRecord(label, field.Label, owner.**text);
   } else {
-    const auto number = std::get<typename Field<Record>::Number>(field.Member);
-    store.WriteIntRecord(owner, field.Label, static_cast<std::int32_t>(record.*number));
+    const auto number = std::get<typename Field<Owner>::Number>(field.Member);
+    store.WriteIntRecord(label, field.Label, static_cast<std::int32_t>(owner.*number));
   }
 }
 
 // Looks the same record up and stores its value in the row's member: an empty text or 0 when it is missing.
-template <class Record>
-void ReadField(RecordStore& store, std::string_view owner, Record& record, const Field<Record>& field) {
-  if (const auto* text = std::get_if<typename Field<Record>::Text>(&field.Member)) {
-    record.** text = store.ReadStringRecord(owner, field.Label);
+template <class Owner>
+void ReadField(RecordStore& store, std::string_view label, Owner& owner, const Field<Owner>& field) {
+  if (const auto* text = std::get_if<typename Field<Owner>::Text>(&field.Member)) {
+    owner.** text = store.ReadStringRecord(label, field.Label);
   } else {
-    const auto number = std::get<typename Field<Record>::Number>(field.Member);
-    record.*number = static_cast<std::uint32_t>(store.ReadIntRecord(owner, field.Label));
+    const auto number = std::get<typename Field<Owner>::Number>(field.Member);
+    owner.*number = static_cast<std::uint32_t>(store.ReadIntRecord(label, field.Label));
   }
 }
 
-// All rows of a table, in its order. `fields` is any range of Field<Record>.
-template <class Record, class Fields>
-void WriteFields(RecordStore& store, std::string_view owner, const Record& record, const Fields& fields) {
-  for (const Field<Record>& field : fields)
-    WriteField(store, owner, record, field);
+// All rows of a table, in its order. `fields` is any range of Field<Owner>.
+template <class Owner, class Fields>
+void WriteFields(RecordStore& store, std::string_view label, const Owner& owner, const Fields& fields) {
+  for (const Field<Owner>& field : fields)
+    WriteField(store, label, owner, field);
 }
 
-template <class Record, class Fields>
-void ReadFields(RecordStore& store, std::string_view owner, Record& record, const Fields& fields) {
-  for (const Field<Record>& field : fields)
-    store.Prefetch(owner, field.Label);
-  for (const Field<Record>& field : fields)
-    ReadField(store, owner, record, field);
+template <class Owner, class Fields>
+void ReadFields(RecordStore& store, std::string_view label, Owner& owner, const Fields& fields) {
+  for (const Field<Owner>& field : fields)
+    ReadField(store, label, owner, field);
+}
+
+// Appends the records of every item of the list.
+template <class Owner, class Item>
+void WriteItems(RecordStore& store, const std::string& scheme, const ItemListLayout<Owner, Item>& layout,
+                const Owner& owner) {
+  ForEachItemPart(layout, owner, [&](const std::string& name, const ItemPart<Item>& part, const Item& item) {
+    WriteFields(store, scheme + layout.FileLabel + name + part.FileSuffix, item, part.FileFields);
+  });
+}
+
+// Replaces the list by as many items as are stated. Returns whether it then holds exactly so many.
+template <class Owner, class Item>
+bool ReadItems(RecordStore& store, const std::string& scheme, const ItemListLayout<Owner, Item>& layout,
+               std::int32_t stated, Owner& owner) {
+  return FillItems(layout, stated, owner,
+                   [&](const std::string& name, const ItemPart<Item>& part, Item& item) {
+                     ReadFields(store, scheme + layout.FileLabel + name + part.FileSuffix, item, part.ReadFields);
+                   });
 }

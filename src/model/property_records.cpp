@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 #include <variant>
 
 #include "model/field_records.h"
@@ -16,55 +15,47 @@ constexpr char kNameOfScheme[] = "Name of scheme";
 
 std::string SchemeKey(std::size_t index) { return "Scheme" + std::to_string(index); }
 
-template <class Record, class Fields>
+template <class Item>
 void WriteCountedSection(RecordStore& store, const SchemeProperties& scheme,
-                         const CountedSectionLayout<Record>& layout, const Fields& fields) {
-  const CountedList<Record>& section = scheme.*layout.Section;
-  store.WriteIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName, section.Count);
-  const std::string owner = scheme.Name + layout.FileRecordLabel;
-  for (std::int32_t n = 1; n <= section.Count && n <= std::ssize(section.Records); ++n) {
-    WriteFields(store, owner + std::to_string(n), section.Records[n - 1], fields);
-  }
+                         const CountedSectionLayout<Item>& layout) {
+  const auto count = static_cast<std::int32_t>((scheme.*layout.Items.List).size());
+  store.WriteIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName, count);
+  WriteItems(store, scheme.Name, layout.Items, scheme);
 }
 
-template <class Record, class Fields>
+template <class Item>
 void ReadCountedSection(RecordStore& store, SchemeProperties& scheme,
-                        const CountedSectionLayout<Record>& layout, const Fields& fields) {
+                        const CountedSectionLayout<Item>& layout) {
   const std::int32_t stated = store.ReadIntRecord(scheme.Name + layout.FileCountLabel, layout.FileCountName);
-  const std::string owner = scheme.Name + layout.FileRecordLabel;
-  std::vector<Record> records;
-  for (std::int32_t n = 1; n <= std::min(stated, kMaxRecords); ++n) {
-    ReadFields(store, owner + std::to_string(n), records.emplace_back(), fields);
-  }
-  if (stated > kMaxRecords) DropEmptyTail(records);
-  (scheme.*layout.Section).Assign(std::move(records));
+  // Damage to the count costs no more than it hit: the list is what could be read.
+  (void)ReadItems(store, scheme.Name, layout.Items, stated, scheme);
 }
 
-std::string ToolBarPageOwner(const SchemeProperties& scheme, std::size_t page) {
+std::string ToolBarPageLabel(const SchemeProperties& scheme, std::size_t page) {
   return scheme.Name + kToolBarPageFileLabel + std::to_string(page + 1);
 }
 
 }  // namespace
 
 void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme) {
-  WriteCountedSection(store, scheme, kFolderDisplayLayout, kFolderRootFileFields);
-  WriteCountedSection(store, scheme, kWebLinksLayout, kWebLinkFields);
+  WriteCountedSection(store, scheme, kFolderDisplayLayout);
+  WriteCountedSection(store, scheme, kWebLinksLayout);
   for (const auto& field : kTabSelectionFields) {
     const bool flag = scheme.Tabs.*std::get<Field<TabSelection>::Number>(field.Member) != 0;
     store.WriteIntRecord(scheme.Name + kTabsFileLabel, field.Label, flag);
   }
   for (std::size_t page = 0; page < scheme.ToolBars.size(); ++page) {
-    WriteFields(store, ToolBarPageOwner(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
+    WriteFields(store, ToolBarPageLabel(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
   }
   WriteFields(store, scheme.Name + kDefaultsFileLabel, scheme.Defaults, kDefaultsFields);
 }
 
 void ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme) {
-  ReadCountedSection(store, scheme, kFolderDisplayLayout, kFolderRootFileFields);
-  ReadCountedSection(store, scheme, kWebLinksLayout, kWebLinkFields);
+  ReadCountedSection(store, scheme, kFolderDisplayLayout);
+  ReadCountedSection(store, scheme, kWebLinksLayout);
   ReadFields(store, scheme.Name + kTabsFileLabel, scheme.Tabs, kTabSelectionFields);
   for (std::size_t page = 0; page < scheme.ToolBars.size(); ++page) {
-    ReadFields(store, ToolBarPageOwner(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
+    ReadFields(store, ToolBarPageLabel(scheme, page), scheme.ToolBars[page], kToolBarPageFileFields);
   }
   ReadFields(store, scheme.Name + kDefaultsFileLabel, scheme.Defaults, kDefaultsFields);
 }

@@ -14,13 +14,12 @@
 #include "schemefile/records/record_store.h"
 
 // Appends the records of FolderDisplay, WebLinks, TabSelection, ToolBars and Defaults, in that order. Tab
-// flags are written as 0 or 1, everything else as it stands. Records beyond the end of a list are not
-// written, even if its count states more of them.
+// flags are written as 0 or 1, everything else as it stands.
 void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme);
 
-// Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0, and the
-// counts agree with the lists: a negative count is damage and stands for no records, one beyond kMaxRecords
-// for those of the first kMaxRecords that are there.
+// Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0. A stated
+// count that is negative is damage and stands for no items, one beyond kMaxItems for those of the first
+// kMaxItems that are there.
 void ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme);
 
 // Appends the record "Scheme Count".

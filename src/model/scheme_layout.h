@@ -8,36 +8,8 @@
 #include <array>
 
 #include "model/field.h"
+#include "model/item_list.h"
 #include "model/scheme_properties.h"
-
-// A section that is a count and numbered records. Numbers count from 1 and follow the blank at the end of
-// the record words. The registry and the file spell the same things differently, and the links' count stands
-// under a label of its own in the file; both are what existing installations and files hold.
-template <class Record>
-struct CountedSectionLayout {
-  CountedList<Record> SchemeProperties::*Section;
-  const char* Key;             // S\Key holds the count
-  const char* CountName;       // REG_DWORD
-  const char* RecordKey;       // S\Key\RecordKey n holds record n
-  const char* FileCountLabel;  // follows the scheme's name
-  const char* FileCountName;
-  const char* FileRecordLabel;  // follows the scheme's name
-};
-
-inline constexpr CountedSectionLayout<FolderRoot> kFolderDisplayLayout{
-    &SchemeProperties::FolderDisplay,
-    "FolderDisplay",
-    "RootFolderCount",
-    "Root ",
-    " - FolderDisplay",
-    "RootFoldersCount",
-    " - FolderDisplay - Root ",
-};
-
-inline constexpr CountedSectionLayout<WebLink> kWebLinksLayout{
-    &SchemeProperties::WebLinks, "WebLinks",      "WebLinksCount",          "WebLink ",
-    " - Folder Display",         "WeblinksCount", " - Weblinks - WebLink ",
-};
 
 inline constexpr FieldTable<FolderRoot, 9> kFolderRootFields{{
     {"RootDisplayName", &FolderRoot::RootDisplayName},
@@ -63,6 +35,36 @@ inline constexpr FieldTable<WebLink, 6> kWebLinkFields{{
     {"ShortToolTip", &WebLink::ShortToolTip},
     {"Wav File", &WebLink::WavFile},
 }};
+
+// A section that is a count and a list. The registry and the file spell the same things differently, and the
+// links' count stands under a label of its own in the file; both are what existing installations and files
+// hold.
+template <class Item>
+struct CountedSectionLayout {
+  const char* Key;             // S\Key holds the count, S\Key\Word n item n
+  const char* CountName;       // a REG_DWORD
+  const char* FileCountLabel;  // follows the scheme's name
+  const char* FileCountName;
+  ItemListLayout<SchemeProperties, Item> Items;
+};
+
+inline constexpr ItemPart<FolderRoot> kFolderRootParts[] = {{"", "", kFolderRootFields, kFolderRootFileFields}};
+inline constexpr CountedSectionLayout<FolderRoot> kFolderDisplayLayout{
+    "FolderDisplay",
+    "RootFolderCount",
+    " - FolderDisplay",
+    "RootFoldersCount",
+    {&SchemeProperties::FolderRoots, "Root ", nullptr, " - FolderDisplay - ", kFolderRootParts},
+};
+
+inline constexpr ItemPart<WebLink> kWebLinkParts[] = {{"", "", kWebLinkFields}};
+inline constexpr CountedSectionLayout<WebLink> kWebLinksLayout{
+    "WebLinks",
+    "WebLinksCount",
+    " - Folder Display",
+    "WeblinksCount",
+    {&SchemeProperties::WebLinks, "WebLink ", nullptr, " - Weblinks - ", kWebLinkParts},
+};
 
 inline constexpr char kTabSelectionKey[] = "TabSelection";
 inline constexpr char kTabsFileLabel[] = " - Tabs";

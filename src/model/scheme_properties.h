@@ -2,17 +2,16 @@
 //
 // Fields that mirror a registry value carry the value's name. A fresh object holds empty texts and zeros.
 // Nothing here knows of Windows; loading and saving is in scheme_storage.h, the file records in
-// schemefile/property_records.h, and the layout of both as tables in scheme_layout.h.
+// property_records.h, and the layout of both as tables in scheme_layout.h.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 // A folder that the shell offers for browsing. The two icon indexes exist in the FolderDisplay
-// configuration section only, which shares this record; the scheme's own layout has no place for them.
+// configuration section only, which shares this type; the scheme's own layout has no place for them.
 struct FolderRoot {
   std::string RootDisplayName;
   std::string RootPath;
@@ -83,43 +82,17 @@ struct SchemeDefaults {
   bool operator==(const SchemeDefaults&) const = default;
 };
 
-// A list together with the count that stands beside it in the registry and in the file. The two differ when
-// what was read is damaged; the count is kept as it was read.
-template <class Record>
-struct CountedList {
-  std::int32_t Count = 0;
-  std::vector<Record> Records;
-
-  // Replaces the list and makes the count agree with it.
-  void Assign(std::vector<Record> records) {
-    Records = std::move(records);
-    Count = static_cast<std::int32_t>(Records.size());
-  }
-
-  bool operator==(const CountedList&) const = default;
-};
-
 struct SchemeProperties {
   std::string Name;
-  std::string Description;  // lives beside the scheme's key, not in it: see registry/scheme_catalogue.h
-  CountedList<FolderRoot> FolderDisplay;
-  CountedList<WebLink> WebLinks;
+  std::string Description;  // lives beside the scheme's key, not in it: see registry/catalogue/
+  std::vector<FolderRoot> FolderRoots;
+  std::vector<WebLink> WebLinks;
   TabSelection Tabs;
   std::array<ToolBarPage, 3> ToolBars;
   SchemeDefaults Defaults;
 
   bool operator==(const SchemeProperties&) const = default;
 };
-
-// A stated count beyond this is damage: no more records are read, and the section counts as failed.
-inline constexpr std::int32_t kMaxRecords = 1000;
-
-// Drops the empty records at the end of a list that a damaged count has stretched.
-template <class Record>
-void DropEmptyTail(std::vector<Record>& records) {
-  while (!records.empty() && records.back() == Record())
-    records.pop_back();
-}
 
 // The scheme that completely new schemes are copied from.
 inline constexpr char kDefaultUserScheme[] = "Default User";

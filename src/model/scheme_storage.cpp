@@ -1,11 +1,10 @@
 #include "model/scheme_storage.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <cstddef>
 
 #include "model/field_storage.h"
+#include "model/item_storage.h"
 #include "model/scheme_layout.h"
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"
@@ -14,71 +13,62 @@
 namespace {
 
 constexpr std::size_t kMaxNameLength = 255;  // of a registry key
+constexpr char kSchemeName[] = "Scheme Name";
 
 std::string SectionPath(const std::string& name, const char* key) {
   return KeyPath({kSchemesKey, name, key});
 }
 
-// `word` ends in the blank that stands before the number.
-std::string RecordPath(const std::string& name, const char* key, const char* word, int number) {
-  return KeyPath({kSchemesKey, name, key, word + std::to_string(number)});
-}
-
-template <class Record, class Fields>
-bool LoadRecord(const std::string& name, const CountedSectionLayout<Record>& layout, int number,
-                Record& record, const Fields& fields) {
-  return LoadKey(RecordPath(name, layout.Key, layout.RecordKey, number), record, fields);
-}
-
-template <class Record, class Fields>
-bool SaveRecord(const std::string& name, const CountedSectionLayout<Record>& layout, int number,
-                const Record& record, const Fields& fields) {
-  return SaveKey(RecordPath(name, layout.Key, layout.RecordKey, number), record, fields);
-}
-
-template <class Record, class Fields>
-bool LoadCountedSection(const std::string& name, const CountedSectionLayout<Record>& layout,
-                        SchemeProperties& scheme, const Fields& fields) {
-  CountedList<Record>& section = scheme.*layout.Section;
-  section = {};
-  RegistryKey key(false, SectionPath(name, layout.Key).c_str(), HKEY_LOCAL_MACHINE);
-  if (!key.Open(false, false)) return false;
-  DWORD count = 0;  // what a missing count stands for
-  (void)key.GetDword(layout.CountName, &count);
-  section.Count = static_cast<std::int32_t>(count);
-  for (int n = 1; n <= std::min(section.Count, kMaxRecords); ++n) {
-    // A record that could not be read whole, or at all, counts all the same.
-    (void)LoadRecord(name, layout, n, section.Records.emplace_back(), fields);
-  }
-  if (section.Count > kMaxRecords) DropEmptyTail(section.Records);
-  return std::ssize(section.Records) == section.Count;
-}
-
-template <class Record, class Fields>
-bool SaveCountedSection(const std::string& name, const CountedSectionLayout<Record>& layout,
-                        const SchemeProperties& scheme, const Fields& fields) {
-  const CountedList<Record>& section = scheme.*layout.Section;
-  RegistryKey key(true, SectionPath(name, layout.Key).c_str(), HKEY_LOCAL_MACHINE);
-  bool complete = key.SetDword(layout.CountName, static_cast<DWORD>(section.Count));
-  const int held = static_cast<int>(section.Records.size());
-  for (int n = 1; n <= std::min(section.Count, held); ++n) {
-    complete &= SaveRecord(name, layout, n, section.Records[static_cast<std::size_t>(n) - 1], fields);
-  }
-  return complete && section.Count <= held;
+template <class Item>
+std::string ItemPath(const std::string& name, const CountedSectionLayout<Item>& layout, int number) {
+  return KeyPath({kSchemesKey, name, layout.Key, ItemName(layout.Items, number)});
 }
 
 std::string ToolBarPagePath(const std::string& name, int number) {
-  return RecordPath(name, kToolBarsKey, kToolBarPageKey, number);
+  return KeyPath({kSchemesKey, name, kToolBarsKey, kToolBarPageKey + std::to_string(number)});
+}
+
+template <class Item>
+Outcome LoadCountedSection(const std::string& name, const CountedSectionLayout<Item>& layout,
+                           SchemeProperties& scheme) {
+  (scheme.*layout.Items.List).clear();
+  const std::string path = SectionPath(name, layout.Key);
+  RegistryKey key(RegistryKey::kOpen, path);
+  if (!key.Open()) return OutcomeOf(key);
+  DWORD stated = 0;  // what a missing count stands for
+  if (!key.GetDword(layout.CountName, &stated) && OutcomeOf(key) == Outcome::kFailed) return Outcome::kFailed;
+  return LoadItems(path, layout.Items, static_cast<std::int32_t>(stated), scheme);
+}
+
+template <class Item>
+bool SaveCountedSection(const std::string& name, const CountedSectionLayout<Item>& layout,
+                        const SchemeProperties& scheme) {
+  const std::string path = SectionPath(name, layout.Key);
+  RegistryKey key(RegistryKey::kCreate, path);
+  const bool counted = key.SetDword(layout.CountName, static_cast<DWORD>((scheme.*layout.Items.List).size()));
+  return SaveItems(path, layout.Items, scheme) && counted;
+}
+
+template <class Item>
+bool AddMissingToCountedSection(const std::string& name, const CountedSectionLayout<Item>& layout) {
+  const std::string path = SectionPath(name, layout.Key);
+  RegistryKey key(RegistryKey::kCreate, path);
+  DWORD stated = 0;
+  if (key.GetDword(layout.CountName, &stated))
+    return AddMissingToItems(path, layout.Items, static_cast<std::int32_t>(stated));
+  // A count of another type is there, but states nothing.
+  if (!IsMissing(static_cast<LSTATUS>(key.LastError()))) return OutcomeOf(key) == Outcome::kIncomplete;
+  return key.SetDword(layout.CountName, 0);
 }
 
 // The writers. Whoever calls them has tested MaySave, once: everything that they write lies below the guard
-// key, so no record needs to ask again.
+// key, so no item needs to ask again.
 bool WriteFolderDisplay(const std::string& name, const SchemeProperties& scheme) {
-  return SaveCountedSection(name, kFolderDisplayLayout, scheme, kFolderRootFields);
+  return SaveCountedSection(name, kFolderDisplayLayout, scheme);
 }
 
 bool WriteWebLinks(const std::string& name, const SchemeProperties& scheme) {
-  return SaveCountedSection(name, kWebLinksLayout, scheme, kWebLinkFields);
+  return SaveCountedSection(name, kWebLinksLayout, scheme);
 }
 
 bool WriteTabSelection(const std::string& name, const SchemeProperties& scheme) {
@@ -87,12 +77,11 @@ bool WriteTabSelection(const std::string& name, const SchemeProperties& scheme) 
 
 bool WriteToolBars(const std::string& name, const SchemeProperties& scheme) {
   // Creating a page's key together with its parent would cost a call for every level of the path.
-  RegistryKey section(true, SectionPath(name, kToolBarsKey).c_str(), HKEY_LOCAL_MACHINE);
-  bool complete = section.Open(false, false);
+  RegistryKey section(RegistryKey::kCreate, SectionPath(name, kToolBarsKey));
+  bool complete = section.Open();
   int number = 0;
-  for (const ToolBarPage& page : scheme.ToolBars) {
+  for (const ToolBarPage& page : scheme.ToolBars)
     complete &= SaveKey(ToolBarPagePath(name, ++number), page, kToolBarPageFields);
-  }
   return complete;
 }
 
@@ -101,8 +90,8 @@ bool WriteDefaults(const std::string& name, const SchemeProperties& scheme) {
 }
 
 bool WriteSchemeProperties(const std::string& name, const SchemeProperties& scheme) {
-  RegistryKey key(true, SchemeKeyPath(name).c_str(), HKEY_LOCAL_MACHINE);
-  if (!key.SetString("Scheme Name", scheme.Name.c_str(), false)) return false;
+  RegistryKey key(RegistryKey::kCreate, SchemeKeyPath(name));
+  if (!key.SetString(kSchemeName, scheme.Name.c_str())) return false;
   bool complete = WriteFolderDisplay(scheme.Name, scheme);
   complete &= WriteWebLinks(scheme.Name, scheme);
   complete &= WriteTabSelection(scheme.Name, scheme);
@@ -111,10 +100,14 @@ bool WriteSchemeProperties(const std::string& name, const SchemeProperties& sche
   return complete;
 }
 
-// Schemes are written only on a machine where the shell is present.
-bool MaySave(const std::string& name) {
-  return IsSchemeName(name) && RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, kProductKey);
+bool AddMissingSchemeName(const std::string& name) {
+  RegistryKey key(RegistryKey::kCreate, SchemeKeyPath(name));
+  if (key.HasValue(kSchemeName)) return true;
+  return IsMissing(static_cast<LSTATUS>(key.LastError())) && key.SetString(kSchemeName, name.c_str());
 }
+
+// Schemes are written only on a machine where the shell is present.
+bool MaySave(const std::string& name) { return IsSchemeName(name) && RegistryKey::KeyExists(kProductKey); }
 
 }  // namespace
 
@@ -123,66 +116,78 @@ bool IsSchemeName(const std::string& name) {
          name.find_first_of(std::string("\\\0", 2)) == std::string::npos;
 }
 
-bool HasSchemeKey(const std::string& name) {
-  return name.empty() ||
-         (IsSchemeName(name) && RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, SchemeKeyPath(name).c_str()));
+Outcome FindSchemeKey(const std::string& name) {
+  if (name.empty()) return Outcome::kComplete;
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
+  RegistryKey key(RegistryKey::kOpen, SchemeKeyPath(name));
+  return key.Open() ? Outcome::kComplete : OutcomeOf(key);
 }
 
-bool LoadSchemeProperties(const std::string& name, SchemeProperties& scheme) {
-  if (!IsSchemeName(name)) return false;
-  bool complete = LoadFolderDisplay(name, scheme);
-  complete &= LoadWebLinks(name, scheme);
-  complete &= LoadTabSelection(name, scheme);
-  complete &= LoadToolBars(name, scheme);
-  complete &= LoadDefaults(name, scheme);
-  return complete;
+Outcome LoadSchemeProperties(const std::string& name, SchemeProperties& scheme) {
+  Outcome outcome = LoadFolderDisplay(name, scheme);
+  outcome |= LoadWebLinks(name, scheme);
+  outcome |= LoadTabSelection(name, scheme);
+  outcome |= LoadToolBars(name, scheme);
+  outcome |= LoadDefaults(name, scheme);
+  return outcome;
 }
 
 bool SaveSchemeProperties(const std::string& name, const SchemeProperties& scheme) {
   return IsSchemeName(scheme.Name) && MaySave(name) && WriteSchemeProperties(name, scheme);
 }
 
-bool SaveSchemes(const std::vector<SchemeProperties>& schemes) {
-  // This key lies below the one that MaySave asks for: where it opens, the shell is present.
-  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
-  if (!key) return false;
-  bool complete = true;
-  for (const SchemeProperties& scheme : schemes)
-    complete &= IsSchemeName(scheme.Name) && WriteSchemeProperties(scheme.Name, scheme);
+bool SaveSchemeOfMany(const SchemeProperties& scheme) {
+  return IsSchemeName(scheme.Name) && WriteSchemeProperties(scheme.Name, scheme);
+}
+
+bool AddMissingProperties(const std::string& name) {
+  if (!IsSchemeName(name)) return false;
+  bool complete = AddMissingSchemeName(name);
+  complete &= AddMissingToCountedSection(name, kFolderDisplayLayout);
+  complete &= AddMissingToCountedSection(name, kWebLinksLayout);
+  complete &= AddMissingFields<TabSelection>(SectionPath(name, kTabSelectionKey), kTabSelectionFields,
+                                             MissingKey::kAdd);
+  for (int page = 1; page <= 3; ++page)
+    complete &= AddMissingFields<ToolBarPage>(ToolBarPagePath(name, page), kToolBarPageFields, MissingKey::kAdd);
+  complete &=
+      AddMissingFields<SchemeDefaults>(SectionPath(name, kDefaultsKey), kDefaultsSaveFields, MissingKey::kAdd);
   return complete;
 }
 
-bool LoadFolderDisplay(const std::string& name, SchemeProperties& scheme) {
-  return IsSchemeName(name) && LoadCountedSection(name, kFolderDisplayLayout, scheme, kFolderRootFields);
+Outcome LoadFolderDisplay(const std::string& name, SchemeProperties& scheme) {
+  return IsSchemeName(name) ? LoadCountedSection(name, kFolderDisplayLayout, scheme) : Outcome::kIncomplete;
 }
 
-bool LoadWebLinks(const std::string& name, SchemeProperties& scheme) {
-  return IsSchemeName(name) && LoadCountedSection(name, kWebLinksLayout, scheme, kWebLinkFields);
+Outcome LoadWebLinks(const std::string& name, SchemeProperties& scheme) {
+  return IsSchemeName(name) ? LoadCountedSection(name, kWebLinksLayout, scheme) : Outcome::kIncomplete;
 }
 
 // Unlike the other sections, stops at the first page that cannot be read.
-bool LoadTabSelection(const std::string& name, SchemeProperties& scheme) {
-  if (!IsSchemeName(name)) return false;
+Outcome LoadTabSelection(const std::string& name, SchemeProperties& scheme) {
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
   scheme.Tabs = {};
-  RegistryKey key(false, SectionPath(name, kTabSelectionKey).c_str(), HKEY_LOCAL_MACHINE);
-  return key.Open(false, false) &&
-         std::all_of(kTabSelectionFields.begin(), kTabSelectionFields.end(),
-                     [&](const Field<TabSelection>& field) { return LoadField(key, scheme.Tabs, field); });
+  RegistryKey key(RegistryKey::kOpen, SectionPath(name, kTabSelectionKey));
+  if (!key.Open()) return OutcomeOf(key);
+  Outcome outcome = Outcome::kComplete;
+  for (const Field<TabSelection>& field : kTabSelectionFields) {
+    if (outcome == Outcome::kComplete) outcome = LoadField(key, scheme.Tabs, field);
+  }
+  return outcome;
 }
 
-bool LoadToolBars(const std::string& name, SchemeProperties& scheme) {
-  if (!IsSchemeName(name)) return false;
+Outcome LoadToolBars(const std::string& name, SchemeProperties& scheme) {
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
   scheme.ToolBars = {};
   // Where the section's key is missing, so are its pages: they need no test of it.
-  bool complete = true;
+  Outcome outcome = Outcome::kComplete;
   int number = 0;
   for (ToolBarPage& page : scheme.ToolBars)
-    complete &= LoadToolBarPage(name, ++number, page);
-  return complete;
+    outcome |= LoadToolBarPage(name, ++number, page);
+  return outcome;
 }
 
-bool LoadDefaults(const std::string& name, SchemeProperties& scheme) {
-  if (!IsSchemeName(name)) return false;
+Outcome LoadDefaults(const std::string& name, SchemeProperties& scheme) {
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
   scheme.Defaults = {};
   return LoadKey(SectionPath(name, kDefaultsKey), scheme.Defaults, kDefaultsFields);
 }
@@ -207,24 +212,27 @@ bool SaveDefaults(const std::string& name, const SchemeProperties& scheme) {
   return MaySave(name) && WriteDefaults(name, scheme);
 }
 
-bool LoadFolderRoot(const std::string& name, int number, FolderRoot& root) {
-  return IsSchemeName(name) && LoadRecord(name, kFolderDisplayLayout, number, root, kFolderRootFields);
+Outcome LoadFolderRoot(const std::string& name, int number, FolderRoot& root) {
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
+  return LoadKey(ItemPath(name, kFolderDisplayLayout, number), root, kFolderRootFields);
+}
+
+Outcome LoadWebLink(const std::string& name, int number, WebLink& link) {
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
+  return LoadKey(ItemPath(name, kWebLinksLayout, number), link, kWebLinkFields);
+}
+
+Outcome LoadToolBarPage(const std::string& name, int number, ToolBarPage& page) {
+  if (!IsSchemeName(name)) return Outcome::kIncomplete;
+  return LoadKey(ToolBarPagePath(name, number), page, kToolBarPageFields);
 }
 
 bool SaveFolderRoot(const std::string& name, int number, const FolderRoot& root) {
-  return MaySave(name) && SaveRecord(name, kFolderDisplayLayout, number, root, kFolderRootFields);
-}
-
-bool LoadWebLink(const std::string& name, int number, WebLink& link) {
-  return IsSchemeName(name) && LoadRecord(name, kWebLinksLayout, number, link, kWebLinkFields);
+  return MaySave(name) && SaveKey(ItemPath(name, kFolderDisplayLayout, number), root, kFolderRootFields);
 }
 
 bool SaveWebLink(const std::string& name, int number, const WebLink& link) {
-  return MaySave(name) && SaveRecord(name, kWebLinksLayout, number, link, kWebLinkFields);
-}
-
-bool LoadToolBarPage(const std::string& name, int number, ToolBarPage& page) {
-  return IsSchemeName(name) && LoadKey(ToolBarPagePath(name, number), page, kToolBarPageFields);
+  return MaySave(name) && SaveKey(ItemPath(name, kWebLinksLayout, number), link, kWebLinkFields);
 }
 
 bool SaveToolBarPage(const std::string& name, int number, const ToolBarPage& page) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
-// Tells the user that `keyPath` could not be written because the key that guards it is missing. The only
-// message of the model: the save that meets it goes on with its next section.
-void ShowSettingsCaution(const std::string& keyPath);
+// Told of each key that is not written because the key that guards it is missing. The save goes on with what
+// comes next. May be empty.
+using SettingsCaution = std::function<void(const std::string& keyPath)>;

@@ -11,10 +11,24 @@ std::string TextOf(const char* data, DWORD size) { return {data, std::find(data,
 
 }  // namespace
 
+LSTATUS OpenKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key) {
+  HKEY opened = nullptr;
+  const LSTATUS result = RegOpenKeyExA(root, path.c_str(), 0, access, &opened);
+  key.Reset(result == ERROR_SUCCESS ? opened : nullptr);
+  return result;
+}
+
 UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access) {
   UniqueKey key;
-  if (RegOpenKeyExA(root, path.c_str(), 0, access, key.Put()) != ERROR_SUCCESS) return {};
+  (void)OpenKey(root, path, access, key);
   return key;
+}
+
+UniqueKey CreateKey(HKEY root, const std::string& path, REGSAM access) {
+  HKEY created = nullptr;
+  const LSTATUS result = RegCreateKeyExA(root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, access,
+                                         nullptr, &created, nullptr);
+  return UniqueKey(result == ERROR_SUCCESS ? created : nullptr);
 }
 
 std::optional<std::string> ReadText(HKEY key, const std::string& name) {
@@ -23,12 +37,19 @@ std::optional<std::string> ReadText(HKEY key, const std::string& name) {
   const LSTATUS result =
       RegQueryValueExA(key, name.c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(data), &size);
   if (result != ERROR_SUCCESS) return std::nullopt;
-  return TextOf(data, size);
+  std::string text = TextOf(data, size);
+  if (text.size() > kMaxTextLength) return std::nullopt;
+  return text;
 }
 
 std::string ReadText(HKEY root, const std::string& path, const std::string& name) {
   const UniqueKey key = OpenKey(root, path, KEY_READ);
   return key ? ReadText(key.Get(), name).value_or("") : "";
+}
+
+LSTATUS WriteText(HKEY key, const std::string& name, const std::string& text) {
+  return RegSetValueExA(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                        static_cast<DWORD>(text.size() + 1));
 }
 
 LSTATUS ReadValueAt(HKEY key, DWORD index, std::string& name, std::string& text) {
@@ -38,26 +59,28 @@ LSTATUS ReadValueAt(HKEY key, DWORD index, std::string& name, std::string& text)
   DWORD size = kBufferSize;
   const LSTATUS result = RegEnumValueA(key, index, nameBuffer, &nameLength, nullptr, nullptr,
                                        reinterpret_cast<BYTE*>(data), &size);
-  if (result == ERROR_SUCCESS) {
-    name.assign(nameBuffer, nameLength);
-    text = TextOf(data, size);
-  }
-  return result;
+  if (result != ERROR_SUCCESS) return result;
+  name.assign(nameBuffer, nameLength);
+  text = TextOf(data, size);
+  return text.size() > kMaxTextLength ? ERROR_MORE_DATA : ERROR_SUCCESS;
 }
 
-void ForEachValue(HKEY key,
-                  const std::function<void(const std::string& name, const std::string& text)>& visit) {
+LSTATUS ForEachValue(HKEY key,
+                     const std::function<bool(const std::string& name, const std::string& text)>& visit) {
   std::string name;
   std::string text;
-  for (DWORD i = 0; ReadValueAt(key, i, name, text) == ERROR_SUCCESS; ++i)
-    visit(name, text);
+  for (DWORD i = 0;; ++i) {
+    const LSTATUS result = ReadValueAt(key, i, name, text);
+    if (result != ERROR_SUCCESS || !visit(name, text)) return result;
+  }
 }
 
-void ForEachSubkey(HKEY key, const std::function<void(const std::string& name)>& visit) {
+LSTATUS ForEachSubkey(HKEY key, const std::function<void(const std::string& name)>& visit) {
   char name[kBufferSize];
   for (DWORD i = 0;; ++i) {
     DWORD length = kBufferSize;
-    if (RegEnumKeyExA(key, i, name, &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) return;
+    const LSTATUS result = RegEnumKeyExA(key, i, name, &length, nullptr, nullptr, nullptr, nullptr);
+    if (result != ERROR_SUCCESS) return result;
     visit(std::string(name, length));
   }
 }

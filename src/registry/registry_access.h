@@ -1,6 +1,7 @@
-// Direct registry calls in the two shapes that the program needs beside RegistryKey: one text, and a walk.
+// Direct registry calls in the shapes that the program needs beside RegistryKey: one text, and a walk.
 //
-// Both use buffers of 260 bytes and take a value's data whatever its type; what does not fit is not read.
+// Reading uses buffers of 260 bytes and takes a value's data whatever its type; a text of more than 259
+// characters is not read. Calls return the system's error codes where it matters why they failed.
 #pragma once
 
 #include <windows.h>
@@ -10,27 +11,36 @@
 #include <string>
 
 #include "base/unique_handle.h"
+#include "registry/registry_paths.h"
 
-// The longest text that a walk over values gets past.
-inline constexpr std::size_t kMaxTextLength = 259;
+// Whether an error says that a key or a value is not there, and not that it could not be read.
+constexpr bool IsMissing(LSTATUS error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
 
-// RegOpenKeyExA. Empty when the key cannot be opened so.
+// RegOpenKeyExA. Returns its error code, with `key` empty unless it is 0.
+[[nodiscard]] LSTATUS OpenKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key);
+// The same for callers to whom all errors are one: empty when the key cannot be opened so.
 UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access);
+// RegCreateKeyExA: opens the key, made with every missing parent. Empty when that is refused.
+UniqueKey CreateKey(HKEY root, const std::string& path, REGSAM access);
 
-// The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing or has
-// more than 260 bytes.
+// The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing or too
+// long.
 std::optional<std::string> ReadText(HKEY key, const std::string& name);
-// Opens the key for reading and reads one text. "" when there is no key or ReadText answers nothing.
+// Opens the key for reading and reads one text. "" when there is no key or ReadText returns nothing.
 std::string ReadText(HKEY root, const std::string& path, const std::string& name);
 
-// Name and text of the value at `index` (RegEnumValueA), counted from 0. Answers its result:
-// ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA where the name has more than 259 characters or the data
-// more than 260 bytes.
+// Writes a REG_SZ with its NUL (RegSetValueExA). Returns the error code; a failure changes nothing.
+[[nodiscard]] LSTATUS WriteText(HKEY key, const std::string& name, const std::string& text);
+
+// Name and text of the value at `index` (RegEnumValueA), counted from 0. Returns its error code:
+// ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA where the name or the text has more than 259 characters,
+// whatever the bytes behind them.
 LSTATUS ReadValueAt(HKEY key, DWORD index, std::string& name, std::string& text);
 
-// Calls `visit` with name and text of every value, in the registry's order, and stops at the first error of
-// any kind: the end, or a value that ReadValueAt cannot read. `visit` must not change the key.
-void ForEachValue(HKEY key,
-                  const std::function<void(const std::string& name, const std::string& text)>& visit);
-// Calls `visit` with the name of every subkey (RegEnumKeyExA), and stops at the first error likewise.
-void ForEachSubkey(HKEY key, const std::function<void(const std::string& name)>& visit);
+// Calls `visit` with name and text of every value, in the registry's order, until it returns false. Stops at
+// the first error of any kind and returns it: ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA at a value that
+// is too long; 0 when `visit` ended the walk. `visit` must not change the key.
+LSTATUS ForEachValue(HKEY key,
+                     const std::function<bool(const std::string& name, const std::string& text)>& visit);
+// Calls `visit` with the name of every subkey (RegEnumKeyExA). Stops at the first error and returns it.
+LSTATUS ForEachSubkey(HKEY key, const std::function<void(const std::string& name)>& visit);

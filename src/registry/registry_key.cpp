@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -26,17 +27,13 @@ bool IsText(DWORD type) { return type == REG_SZ || type == REG_EXPAND_SZ; }
 
 }  // namespace
 
-RegistryKey::RegistryKey(bool create, const char* path, HKEY root)
-    : path_(path ? path : ""),
-      root_(root),
-      create_(create),
-      subkeys_{&ReadSubkeyName},
-      values_{&ReadValueName} {}
+RegistryKey::RegistryKey(Mode mode, std::string path, HKEY root)
+    : path_(std::move(path)), root_(root), mode_(mode), subkeys_{&ReadSubkeyName}, values_{&ReadValueName} {}
 
-void RegistryKey::SetPath(const char* path) {
+void RegistryKey::SetPath(std::string path) {
   lastError_ = 0;
   Close();
-  path_ = path ? path : "";
+  path_ = std::move(path);
 }
 
 void RegistryKey::SetRoot(HKEY root) {
@@ -45,24 +42,26 @@ void RegistryKey::SetRoot(HKEY root) {
   root_ = root;
 }
 
-void RegistryKey::SetCreate(bool create) {
+void RegistryKey::SetCreate(Mode mode) {
   lastError_ = 0;
   Close();
-  create_ = create;
+  mode_ = mode;
 }
 
-bool RegistryKey::Open(bool wantSubkeys, bool wantValues) {
+bool RegistryKey::OpenFor(Wanted wanted) {
   lastError_ = 0;
-  if ((wantSubkeys && !subkeys_.Enabled) || (wantValues && !values_.Enabled)) Close();
-  subkeys_.Enabled |= wantSubkeys;
-  values_.Enabled |= wantValues;
+  if ((wanted.Subkeys && !subkeys_.Enabled) || (wanted.Values && !values_.Enabled)) Close();
+  subkeys_.Enabled |= wanted.Subkeys;
+  values_.Enabled |= wanted.Values;
   if (key_) return true;
 
   // KEY_READ holds the rights to enumerate subkeys and values already.
-  const LSTATUS result = create_ ? RegCreateKeyExA(root_, path_.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                                   KEY_READ | KEY_WRITE, nullptr, key_.Put(), nullptr)
-                                 : RegOpenKeyExA(root_, path_.c_str(), 0, KEY_READ, key_.Put());
+  const LSTATUS result = mode_ == kCreate
+                             ? RegCreateKeyExA(root_, path_.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                               KEY_READ | KEY_WRITE, nullptr, key_.Put(), nullptr)
+                             : RegOpenKeyExA(root_, path_.c_str(), 0, KEY_READ, key_.Put());
   if (Succeeded(result)) return true;
+  key_.Release();  // not a key, whatever the call left there
   subkeys_.Enabled = false;
   values_.Enabled = false;
   return false;
@@ -70,9 +69,11 @@ bool RegistryKey::Open(bool wantSubkeys, bool wantValues) {
 
 void RegistryKey::Close() { key_.Reset(); }
 
-bool RegistryKey::KeyExists(HKEY root, const char* path) {
-  UniqueKey key;
-  return RegOpenKeyA(root, path, key.Put()) == ERROR_SUCCESS;
+bool RegistryKey::KeyExists(const std::string& path, HKEY root) {
+  HKEY key = nullptr;
+  if (RegOpenKeyA(root, path.c_str(), &key) != ERROR_SUCCESS) return false;
+  RegCloseKey(key);
+  return true;
 }
 
 bool RegistryKey::SetDword(const char* name, DWORD value) {
@@ -81,8 +82,15 @@ bool RegistryKey::SetDword(const char* name, DWORD value) {
 
 bool RegistryKey::SetBool(const char* name, bool value) { return SetDword(name, value ? 0xFFFFFFFF : 0); }
 
-bool RegistryKey::SetString(const char* name, const char* text, bool expandable) {
-  return Set(name, expandable ? REG_EXPAND_SZ : REG_SZ, text, text ? std::strlen(text) + 1 : 0);
+bool RegistryKey::SetString(const char* name, const char* text) { return SetText(name, REG_SZ, text); }
+
+bool RegistryKey::SetExpandString(const char* name, const char* text) {
+  return SetText(name, REG_EXPAND_SZ, text);
+}
+
+bool RegistryKey::HasValue(const char* name) {
+  lastError_ = 0;
+  return Query(name, nullptr, nullptr, nullptr);
 }
 
 bool RegistryKey::GetDword(const char* name, DWORD* value) {
@@ -104,7 +112,7 @@ bool RegistryKey::GetBool(const char* name, bool* value) {
   return true;
 }
 
-bool RegistryKey::GetString(const char* name, const char** text, bool expand) {
+bool RegistryKey::GetString(const char* name, const char** text) {
   lastError_ = 0;
   string_.reset();
   if (!text) return false;
@@ -126,9 +134,12 @@ bool RegistryKey::GetString(const char* name, const char** text, bool expand) {
   }
   if (size == 0) return true;
   string_[size] = '\0';  // the stored text need not end in one
-  if (expand) return Expand(string_.get(), text);
   *text = string_.get();
   return true;
+}
+
+bool RegistryKey::GetExpandedString(const char* name, const char** text) {
+  return GetString(name, text) && (!*text || Expand(*text, text));
 }
 
 bool RegistryKey::FirstSubkey(const char** name) { return First(subkeys_, name); }
@@ -158,20 +169,25 @@ bool RegistryKey::ShortPath(const char* text, const char** shortPath) {
   if (length == 0) return false;
   shortPath_ = Allocate(length + 5);
   if (!shortPath_) return false;
-  const DWORD shortLength = GetShortPathNameA(text, shortPath_.get(), static_cast<DWORD>(length));
-  if (shortLength == 0 || shortLength >= length) return false;  // failed, or did not fit
+  std::memset(shortPath_.get(), 0, length + 5);
+  // The call is told of less room than there is, and a result that did not fit counts all the same.
+  if (GetShortPathNameA(text, shortPath_.get(), static_cast<DWORD>(length)) == 0) return false;
   *shortPath = shortPath_.get();
   return true;
 }
 
 bool RegistryKey::Set(const char* name, DWORD type, const void* data, std::size_t size) {
-  return Open(false, false) &&
+  return Open() &&
          Succeeded(RegSetValueExA(key_.Get(), name, 0, type, static_cast<const BYTE*>(data),
                                   static_cast<DWORD>(size)));
 }
 
+bool RegistryKey::SetText(const char* name, DWORD type, const char* text) {
+  return Set(name, type, text, text ? std::strlen(text) + 1 : 0);
+}
+
 bool RegistryKey::Query(const char* name, DWORD* type, void* data, DWORD* size) {
-  return Open(false, false) &&
+  return Open() &&
          Succeeded(RegQueryValueExA(key_.Get(), name, nullptr, type, static_cast<BYTE*>(data), size));
 }
 
@@ -181,7 +197,7 @@ bool RegistryKey::First(Walk& walk, const char** name) {
   *name = nullptr;
   if (!walk.Name) walk.Name = Allocate(kNameSize + 1);
   walk.Index = 0;
-  if (!walk.Name || !Open(&walk == &subkeys_, &walk == &values_) ||
+  if (!walk.Name || !OpenFor({&walk == &subkeys_, &walk == &values_}) ||
       !Succeeded(walk.Read(key_.Get(), walk.Index, walk.Name.get())))
     return false;
   *name = walk.Name.get();

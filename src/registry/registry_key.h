@@ -1,7 +1,7 @@
 // One registry key: a root, a path below it and whether it may be created.
 //
 // The key is opened on first use and stays open until the object is pointed elsewhere, closed or destroyed,
-// so a row of reads or writes costs one open. Every operation answers success as a boolean and shows nothing;
+// so a row of reads or writes costs one open. Every operation returns success as a boolean and shows nothing;
 // a failure leaves the out argument as told below, the registry unchanged, and the Win32 code of the failing
 // call in LastError (0 where the call succeeded but the value was of another type). Every operation but Close
 // clears LastError first.
@@ -20,28 +20,35 @@
 
 class RegistryKey {
  public:
-  // A null path is the empty path. `create` false opens an existing key for reading (KEY_READ); true creates
-  // the key with every missing parent and opens it for reading and writing (KEY_READ | KEY_WRITE).
-  RegistryKey(bool create, const char* path, HKEY root);
+  enum Mode {
+    kOpen,    // an existing key, for reading (KEY_READ)
+    kCreate,  // made with every missing parent, for reading and writing (KEY_READ | KEY_WRITE)
+  };
+
+  RegistryKey(Mode mode, std::string path, HKEY root = HKEY_LOCAL_MACHINE);
 
   // Each closes the key and clears LastError.
-  void SetPath(const char* path);
+  void SetPath(std::string path);
   void SetRoot(HKEY root);
-  void SetCreate(bool create);
+  void SetCreate(Mode mode);
 
-  // Opens the key unless it is open (RegOpenKeyExA, RegCreateKeyExA). The first request for an enumeration of
-  // either kind closes and reopens it. On failure both kinds of enumeration are off again.
-  [[nodiscard]] bool Open(bool wantSubkeys, bool wantValues);
+  // Opens the key unless it is open (RegOpenKeyExA, RegCreateKeyExA).
+  [[nodiscard]] bool Open() { return OpenFor({}); }
   void Close();
 
   // Whether the key can be opened (RegOpenKeyA). Touches no object.
-  [[nodiscard]] static bool KeyExists(HKEY root, const char* path);
+  [[nodiscard]] static bool KeyExists(const std::string& path, HKEY root = HKEY_LOCAL_MACHINE);
 
   // RegSetValueExA. SetBool writes a REG_DWORD, 0xFFFFFFFF or 0. SetString writes the text with its NUL, as
-  // REG_EXPAND_SZ or REG_SZ; a null text writes a value of zero bytes.
+  // REG_SZ; a null text writes a value of zero bytes. SetExpandString writes a REG_EXPAND_SZ likewise.
   [[nodiscard]] bool SetDword(const char* name, DWORD value);
   [[nodiscard]] bool SetBool(const char* name, bool value);
-  [[nodiscard]] bool SetString(const char* name, const char* text, bool expandable);
+  [[nodiscard]] bool SetString(const char* name, const char* text);
+  [[nodiscard]] bool SetExpandString(const char* name, const char* text);
+
+  // Whether the value is there, whatever its type (RegQueryValueExA). False with LastError
+  // ERROR_FILE_NOT_FOUND when it is not.
+  [[nodiscard]] bool HasValue(const char* name);
 
   // RegQueryValueExA. False, with *value as it was, when the value is missing, longer than 4 bytes or not a
   // REG_DWORD; false for a null `value`.
@@ -51,13 +58,15 @@ class RegistryKey {
 
   // RegQueryValueExA; one call for a text of ordinary length. False, with *text null, when the value is
   // missing or neither REG_SZ nor REG_EXPAND_SZ. A value of zero bytes is true with *text null. The text
-  // handed out is always terminated, whatever is stored. `expand` replaces environment variables (see
-  // Expand).
-  [[nodiscard]] bool GetString(const char* name, const char** text, bool expand);
+  // handed out is always terminated, whatever is stored. GetExpandedString replaces environment variables
+  // (see Expand).
+  [[nodiscard]] bool GetString(const char* name, const char** text);
+  [[nodiscard]] bool GetExpandedString(const char* name, const char** text);
 
   // RegEnumKeyA, RegEnumValueA: the names of the subkeys or values, up to 259 characters; a longer one fails.
-  // First answers false on a key without any; Next answers true with *name null at the end. Callers must look
-  // at both. Next without a First, or after the key was closed, answers false.
+  // First returns false on a key without any; Next returns true with *name null at the end. Callers must look
+  // at both. Next without a First, or after the key was closed, returns false. The first request for an
+  // enumeration of either kind closes and reopens the key; where it cannot be opened both kinds are off again.
   [[nodiscard]] bool FirstSubkey(const char** name);
   [[nodiscard]] bool NextSubkey(const char** name);
   [[nodiscard]] bool FirstValue(const char** name);
@@ -65,8 +74,9 @@ class RegistryKey {
 
   // ExpandEnvironmentStringsA.
   [[nodiscard]] bool Expand(const char* text, const char** expanded);
-  // GetShortPathNameA, told that the buffer is as long as the text: where the short form is not shorter
-  // than the text it fails.
+  // GetShortPathNameA, told that the buffer is as long as the text. True for any result of it but 0: where the
+  // short form is no shorter than the text, what is handed out is not the path but what the call left in the
+  // buffer, terminated all the same.
   [[nodiscard]] bool ShortPath(const char* text, const char** shortPath);
 
   DWORD LastError() const { return lastError_; }
@@ -81,7 +91,15 @@ class RegistryKey {
     Buffer Name = nullptr;
   };
 
+  // What an enumeration needs the key to be opened for.
+  struct Wanted {
+    bool Subkeys = false;
+    bool Values = false;
+  };
+
+  bool OpenFor(Wanted wanted);
   bool Set(const char* name, DWORD type, const void* data, std::size_t size);
+  bool SetText(const char* name, DWORD type, const char* text);
   bool Query(const char* name, DWORD* type, void* data, DWORD* size);
   bool First(Walk& walk, const char** name);
   bool Next(Walk& walk, const char** name);
@@ -90,7 +108,7 @@ class RegistryKey {
 
   std::string path_;
   HKEY root_;
-  bool create_;
+  Mode mode_;
   UniqueKey key_;
   DWORD lastError_ = 0;
   Buffer string_;

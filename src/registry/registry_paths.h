@@ -1,6 +1,8 @@
-// The registry keys of the shell and of this program, and how the path of a scheme is built.
+// The registry keys of the shell and of this program, and how the path of a scheme is built. Knows nothing of
+// Windows.
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -15,6 +17,9 @@ inline constexpr char kSettingsKey[] = "Software\\Tessaly\\Kelvanstead\\Settings
 inline constexpr char kClassSchemes[] = "Class Schemes";
 inline constexpr char kUserSchemes[] = "User Schemes";
 inline constexpr char kUserGroupSchemes[] = "User Group Schemes";
+
+// The longest text that a walk over values gets past, in characters.
+inline constexpr std::size_t kMaxTextLength = 259;
 
 // The path of the last part below the others, with a backslash between each two.
 inline std::string KeyPath(std::initializer_list<std::string_view> parts) {

@@ -1,70 +1,90 @@
 #include "schemefile/exchange.h"
 
+#include <windows.h>
+
+#include <cstddef>
 #include <utility>
 
-#include "controls/message.h"
-#include "controls/progress_bar.h"
 #include "model/property_records.h"
 #include "model/scheme_storage.h"
+#include "registry/registry_access.h"
+#include "registry/registry_paths.h"
 #include "schemefile/records/record_store.h"
 
 namespace {
 
-// One step for the config list and one for each scheme.
-CProgressBar OpenProgress(HWND owner, std::size_t schemes, const char* text) {
-  return CProgressBar(owner, 0, static_cast<int>(schemes) + 1, 1, text, "Kelvanstead Scheme Manager",
-                      "Cancel", 0);
-}
+// Counts the steps of one piece of work.
+class Steps {
+ public:
+  Steps(const Progress& progress, std::size_t steps) : progress_(progress), steps_(static_cast<int>(steps)) {
+    Tell();
+  }
+  void Step() {
+    ++done_;
+    Tell();
+  }
+
+ private:
+  void Tell() const {
+    if (progress_) progress_(done_, steps_);
+  }
+
+  const Progress& progress_;
+  const int steps_;
+  int done_ = 0;
+};
 
 }  // namespace
 
-void ExportSchemes(HWND owner, const SchemeHive& hive) {
-  RecordStore& store = TheRecordStore();
-  store.ClearRecordStore();
-  CProgressBar progress = OpenProgress(owner, hive.Schemes.size(), "Saving your file to disk");
-  progress.SetAllowCancel(false);
-  hive.Config.WriteToFile();
-  progress.Step();
-  WriteSchemeCount(store, hive.Schemes.size());
-  WriteSchemes(store, hive.Schemes, [&progress] { progress.Step(); });
-  if (store.ExportFailed) ShowExportProblem(nullptr);
+CatalogueResult ReadMachine(SchemeHive& hive, const Progress& progress, SchemesAccess access) {
+  SchemeCatalogue catalogue;
+  CatalogueResult result = catalogue.LoadCatalogue(SIZE_MAX, access);
+  hive.Config = catalogue.Config();
+  hive.Schemes.clear();
+  hive.Schemes.reserve(catalogue.Schemes().size());
+  Steps steps(progress, catalogue.Schemes().size());
+  for (const SchemeEntry& entry : catalogue.Schemes()) {
+    if (catalogue.ReadScheme(entry, hive.Schemes.emplace_back()) == Outcome::kFailed)
+      result = CatalogueResult::kReadError;
+    steps.Step();
+  }
+  return result;
 }
 
-void ImportSchemes(HWND owner, SchemeHive& hive) {
+void ExportSchemes(const SchemeHive& hive, const Progress& progress) {
+  RecordStore& store = TheRecordStore();
+  store.ClearRecordStore();
+  Steps steps(progress, hive.Schemes.size() + 1);
+  hive.Config.WriteToFile();
+  steps.Step();
+  WriteSchemeCount(store, hive.Schemes.size());
+  WriteSchemes(store, hive.Schemes, [&steps] { steps.Step(); });
+}
+
+void ImportSchemes(SchemeHive& hive, const Progress& progress) {
   RecordStore& store = TheRecordStore();
   store.Fill(std::move(hive.Records));
   hive.Records.Clear();
   const std::int32_t count = ReadSchemeCount(store);
-  CProgressBar progress = OpenProgress(owner, count, "Loading your file from disk");
-  progress.SetAllowCancel(false);
+  Steps steps(progress, static_cast<std::size_t>(count) + 1);
   // The count stands behind the config list, which is read next.
   store.ResetReadCursor();
   hive.Config.ReadFromFile();
-  progress.Step();
-  hive.Schemes = ReadSchemes(store, count, [&progress] { progress.Step(); });
-  if (store.ImportFailed) {
-    ShowWarning(nullptr,
-                "There was a problem importing your schemes file.\n"
-                "This may be due to the disk being corrupt or protected.\n"
-                "\n"
-                "If the file appears to have been imported the settings should not be relied \n"
-                "upon as correct",
-                "Import Problem");
+  steps.Step();
+  hive.Schemes = ReadSchemes(store, count, [&steps] { steps.Step(); });
+}
+
+ImportProblems ApplyImport(const SchemeHive& hive, const SettingsCaution& caution, const Progress& progress) {
+  ImportProblems problems;
+  problems.ConfigList = !hive.Config.SaveToRegistry(caution);
+  // This key lies below the shell's own: where it opens, the shell is present.
+  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
+  problems.NoAccess = !key;
+  if (!key) return problems;
+  Steps steps(progress, hive.Schemes.size());
+  for (const SchemeProperties& scheme : hive.Schemes) {
+    if (!SaveSchemeOfMany(scheme)) problems.Schemes.push_back(scheme.Name);
+    steps.Step();
   }
-}
-
-void ApplyImport(const SchemeHive& hive) {
-  // A pair or a scheme that cannot be written is not reported; the rest is written all the same.
-  (void)hive.Config.SaveToRegistry();
-  (void)SaveSchemes(hive.Schemes);
-}
-
-void ShowExportProblem(HWND owner) {
-  ShowWarning(owner,
-              "There was a problem exporting your schemes file.\n"
-              "This may be due to the disk being full, corrupt or protected.\n"
-              "\n"
-              "If the file appears to have been created it should not be\n"
-              "relied upon as correct",
-              "Export Problem");
+  return problems;
 }

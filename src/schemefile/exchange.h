@@ -1,13 +1,15 @@
-// Export and import of every scheme of the machine, by way of the record store.
+// Export and import of the schemes of the machine, by way of the record store. Shows nothing: commands open
+// files, show progress and tell what happened.
 #pragma once
-
-#include <windows.h>
 
 #include <string>
 #include <vector>
 
+#include "base/progress.h"
 #include "model/config_hive.h"
 #include "model/scheme_properties.h"
+#include "model/settings_caution.h"
+#include "registry/catalogue/scheme_catalogue.h"
 #include "schemefile/records/record_list.h"
 
 // The image of one export or import in memory.
@@ -18,19 +20,32 @@ struct SchemeHive {
   std::vector<SchemeProperties> Schemes;
 };
 
-// Replaces the process's record store by the records of the hive's config list and schemes, behind a progress
-// window over `owner`, which is disabled meanwhile. Does not touch hive.Records.
-void ExportSchemes(HWND owner, const SchemeHive& hive);
+// Fills the hive's config list and schemes from the registry, with a step for each scheme. kReadError when
+// anything that may be there could not be read, be it a scheme or a part of one; such a hive is not the whole
+// machine. The other results are those of SchemeCatalogue::LoadCatalogue.
+[[nodiscard]] CatalogueResult ReadMachine(SchemeHive& hive, const Progress& progress,
+                                          SchemesAccess access = SchemesAccess::kChange);
+
+// Replaces the process's record store by the records of the hive's config list and schemes, with a step for
+// the list and one for each scheme. Does not touch hive.Records.
+void ExportSchemes(const SchemeHive& hive, const Progress& progress);
 
 // Moves hive.Records into the process's record store and fills the hive's config list and schemes from there,
-// behind a progress window over `owner`. A missing record yields an empty text or 0: damage costs what it
-// hit. Neither the number of schemes nor that of their parts can exceed what ReadSchemes allows.
-void ImportSchemes(HWND owner, SchemeHive& hive);
+// with a step for the list and one for each scheme that the records state. A missing record yields an empty
+// text or 0: damage costs what it hit. Neither the number of schemes nor that of their parts can exceed what
+// ReadSchemes allows.
+void ImportSchemes(SchemeHive& hive, const Progress& progress);
 
-// Writes the hive's config list to the registry and saves every scheme over that of the same name. Deletes
-// nothing. Names that cannot name a scheme are passed over; failures are not reported, but for the settings
-// caution of ConfigHive.
-void ApplyImport(const SchemeHive& hive);
+// What an import could not write.
+struct ImportProblems {
+  bool ConfigList = false;           // one of the pairs, or all
+  bool NoAccess = false;             // no right to change the Schemes key: no scheme was written
+  std::vector<std::string> Schemes;  // the names of schemes that were written in part or not at all
 
-// Warns that the exported file is not to be relied upon. `owner` may be null.
-void ShowExportProblem(HWND owner);
+  bool None() const { return !ConfigList && !NoAccess && Schemes.empty(); }
+};
+
+// Writes the hive's config list to the registry and saves every scheme over that of the same name, with a
+// step for each scheme. Deletes nothing; goes on behind what cannot be written. Names that cannot name a
+// scheme are passed over and count as problems.
+ImportProblems ApplyImport(const SchemeHive& hive, const SettingsCaution& caution, const Progress& progress);

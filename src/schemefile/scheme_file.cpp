@@ -1,17 +1,13 @@
 #include "schemefile/scheme_file.h"
 
+#include <windows.h>
+
 #include <io.h>
 
 #include <algorithm>
-#include <cstddef>
-#include <exception>
-#include <optional>
 #include <utility>
 
 #include "base/unique_handle.h"
-#include "controls/message.h"
-#include "registry/catalogue/scheme_catalogue.h"
-#include "schemefile/exchange.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
 
@@ -33,36 +29,65 @@ bool WriteAll(HANDLE file, const std::string& bytes) {
          written == bytes.size();
 }
 
-// The bytes of the file, by one ReadFile. Nothing when it cannot be opened or read.
-std::optional<std::string> ReadAll(const std::string& path) {
+// A new file in a folder, gone again when its object ends unless it was moved (GetTempFileNameA).
+class FileBeside {
+ public:
+  explicit FileBeside(const std::string& folder) {
+    // With the backslash, or "C:" would be the working folder of that drive.
+    if (GetTempFileNameA((folder + "\\").c_str(), "ksf", 0, path_) == 0) *path_ = '\0';
+  }
+  ~FileBeside() {
+    if (*path_) DeleteFileA(path_);
+  }
+  FileBeside(const FileBeside&) = delete;
+  FileBeside& operator=(const FileBeside&) = delete;
+
+  // "" when no such file could be made.
+  const char* Path() const { return path_; }
+
+ private:
+  char path_[MAX_PATH] = "";
+};
+
+bool ReadAll(const std::string& path, std::string& bytes) {
   const UniqueFile file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
   LARGE_INTEGER size;
-  if (!file || !GetFileSizeEx(file.Get(), &size) || size.QuadPart > kMaxFileSize) return std::nullopt;
-  std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+  if (!file || !GetFileSizeEx(file.Get(), &size) || size.QuadPart > kMaxFileSize) return false;
+  bytes.resize(static_cast<std::size_t>(size.QuadPart));
   DWORD read = 0;
-  if (!ReadFile(file.Get(), bytes.data(), size.LowPart, &read, nullptr) || read != size.LowPart) {
-    return std::nullopt;
-  }
-  return bytes;
+  return ReadFile(file.Get(), bytes.data(), size.LowPart, &read, nullptr) && read == size.LowPart;
+}
+
+FileResult CheckedSchemeFile(const std::string& path, std::string& bytes) {
+  if (!ReadAll(path, bytes)) return FileResult::kUnreadable;
+  if (!HasSignature(bytes)) return FileResult::kNotASchemeFile;
+  const bool tooMany = std::count(bytes.begin(), bytes.end(), kFieldTerminator) > kMaxFields;
+  return tooMany ? FileResult::kUnreadable : FileResult::kDone;
 }
 
 }  // namespace
 
-std::size_t SchemeFile::Save() {
-  SchemeCatalogue catalogue;
-  catalogue.LoadCatalogue(false);
-  SchemeHive hive;
-  hive.Config = std::move(catalogue.Config);
-  hive.Schemes = std::move(catalogue.Schemes);
-  ExportSchemes(owner_, hive);
-  TheRecordStore().FlushRecordStore(hive.Records);
-  records_ = std::move(hive.Records);
-  return records_.Count();
+FileResult ReadSchemeFile(const std::string& path, std::string& bytes) {
+  const FileResult result = CheckedSchemeFile(path, bytes);
+  if (result != FileResult::kDone) bytes = {};
+  return result;
+}
+
+std::size_t SchemeFile::Save(const SchemeHive& hive, const Progress& progress) {
+  ExportSchemes(hive, progress);
+  return TheRecordStore().FlushRecordStore(records_);
 }
 
 bool SchemeFile::Write(const std::string& folder, const std::string& path) const {
   if (_access(folder.c_str(), kExists) != 0) return false;
+  if (_access(path.c_str(), kExists) == 0 && _access(path.c_str(), kWritable) != 0) return false;
+  const FileBeside beside(folder);
+  return *beside.Path() && WriteTo(beside.Path()) &&
+         MoveFileExA(beside.Path(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+bool SchemeFile::WriteTo(const std::string& path) const {
   UniqueFile file(CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                               FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) return false;
@@ -79,39 +104,13 @@ bool SchemeFile::Write(const std::string& folder, const std::string& path) const
   return CloseHandle(file.Release()) != 0;
 }
 
-void SchemeFile::Remove(const std::string& path) {
-  if (_access(path.c_str(), kWritable) == 0) DeleteFileA(path.c_str());
-}
-
-std::size_t SchemeFile::Read(const std::string& testPath, const std::string& path) {
+FileResult SchemeFile::Read(const std::string& testPath, const std::string& path) {
   records_.Clear();
-  try {
-    if (_access(testPath.c_str(), kWritable) == 0) {
-      if (const std::optional<std::size_t> count = Import(path)) return *count;
-    }
-  } catch (const std::exception&) {  // more than memory holds
-  }
-  ShowWarning(owner_,
-              "Unable to read the file specified.\n"
-              "This is due to the file being damaged,\n"
-              "protected or unreadable for another reason",
-              "Read Problem");
-  return 0;
+  if (_access(testPath.c_str(), kWritable) != 0) return FileResult::kUnreadable;
+  std::string bytes;
+  const FileResult result = ReadSchemeFile(path, bytes);
+  if (result == FileResult::kDone) records_ = SplitRecords(std::move(bytes));
+  return result;
 }
 
-std::optional<std::size_t> SchemeFile::Import(const std::string& path) {
-  std::optional<std::string> file = ReadAll(path);
-  if (!file) return std::nullopt;
-  if (!HasSignature(*file)) {
-    ShowMessage(owner_, "This does not appear to be a valid Kelvanstead Scheme Manager File.",
-                "File Load Problem", MB_ICONEXCLAMATION);
-    return 0;
-  }
-  if (std::count(file->begin(), file->end(), kFieldTerminator) > kMaxFields) return std::nullopt;
-  SchemeHive hive;
-  hive.Records = SplitRecords(*std::move(file));
-  const std::size_t count = hive.Records.Count();
-  ImportSchemes(owner_, hive);
-  ApplyImport(hive);
-  return count;
-}
+RecordList SchemeFile::TakeRecords() { return std::exchange(records_, {}); }

@@ -1,42 +1,44 @@
-// A scheme file on disk: the records of one export or import.
+// A scheme file on disk.
 #pragma once
 
-#include <windows.h>
-
 #include <cstddef>
-#include <optional>
 #include <string>
 
+#include "base/progress.h"
+#include "schemefile/exchange.h"
 #include "schemefile/records/record_list.h"
 
-// Made for one export or import. Messages and the progress window are shown over `owner`.
+enum class FileResult {
+  kDone,
+  kUnreadable,      // it cannot be opened or read, or has more in it than any machine's schemes or memory would
+  kNotASchemeFile,  // it does not begin with the signature
+};
+
+// Reads the bytes of a scheme file, by one ReadFile. `bytes` is left empty unless kDone.
+[[nodiscard]] FileResult ReadSchemeFile(const std::string& path, std::string& bytes);
+
+// The records of one export or import. Shows nothing.
 class SchemeFile {
  public:
-  explicit SchemeFile(HWND owner) : owner_(owner) {}
+  // Makes this object's records of the hive, in place of what it held, through the process's record store
+  // (ExportSchemes). Returns the number of records.
+  std::size_t Save(const SchemeHive& hive, const Progress& progress);
 
-  // Reads every scheme of the machine and makes this object's records of them, in place of what it held.
-  // Where the Schemes key is missing, says so and ends the process (SchemeCatalogue::LoadCatalogue). Answers
-  // the number of records.
-  std::size_t Save();
-
-  // Writes the signature and the records, as they stand, to `path`, over an existing file (CreateFileA,
-  // WriteFile). Writes nothing when `folder` does not exist (_access, mode 0). Shows nothing. False when any
-  // byte may not have reached the disk; an incomplete file is then left behind.
+  // Writes the signature and the records, as they stand, to `path`: to a new file beside it, which is flushed
+  // and then takes its place (CreateFileA, FlushFileBuffers, MoveFileExA). Writes nothing when `folder`, where
+  // the file lies, does not exist (_access, mode 0) or the file at `path` may not be written to (mode 2). False
+  // when the file at `path` is not the new one; then what was there is untouched, and nothing stays beside it.
   [[nodiscard]] bool Write(const std::string& folder, const std::string& path) const;
 
-  // Deletes the file if it may be written to (_access, mode 2; DeleteFileA). Shows nothing.
-  static void Remove(const std::string& path);
+  // Reads the file at `path` into this object's records. kUnreadable also when `testPath` may not be written to
+  // (_access, mode 2): write-protected files are refused. Without a file this object holds no records.
+  [[nodiscard]] FileResult Read(const std::string& testPath, const std::string& path);
 
-  // Imports the file at `path` into the registry, and empties this object. Tells the user, and changes
-  // nothing, when `testPath` may not be written to (_access, mode 2: write-protected files are refused), when
-  // the file cannot be read, when it does not begin with the signature, or when it has more records than any
-  // machine's schemes or memory would hold. Answers the number of its records, 0 for a file that was refused.
-  std::size_t Read(const std::string& testPath, const std::string& path);
+  // Hands the records over; this object holds none afterwards.
+  RecordList TakeRecords();
 
  private:
-  // Nothing when the file cannot be read. Shows the message for a file without the signature.
-  std::optional<std::size_t> Import(const std::string& path);
+  bool WriteTo(const std::string& path) const;
 
-  const HWND owner_;
   RecordList records_;
 };

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/item_list.h"
 #include "model/property_records.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
@@ -40,7 +41,6 @@ void LookUp(const RecordList& records) {
   constexpr std::size_t kMostComparedSlowly = 50;
   const std::size_t count = std::min(records.Count(), kMostComparedSlowly);
   for (std::size_t i = count; i-- > 0;) {
-    store.Prefetch(records[i].Key1, records[i].Key2);
     Require(store.ReadStringRecord(records[i].Key1, records[i].Key2) == LastMatch(records, records[i]));
   }
 }
@@ -56,9 +56,7 @@ void Import(RecordList records) {
 
   RecordStore exported;
   for (const SchemeProperties& scheme : schemes) {
-    Require(scheme.FolderDisplay.Count <= kMaxRecords && scheme.WebLinks.Count <= kMaxRecords);
-    Require(std::ssize(scheme.FolderDisplay.Records) == scheme.FolderDisplay.Count);
-    Require(std::ssize(scheme.WebLinks.Records) == scheme.WebLinks.Count);
+    Require(std::ssize(scheme.FolderRoots) <= kMaxItems && std::ssize(scheme.WebLinks) <= kMaxItems);
     WritePropertyRecords(exported, scheme);
   }
 }

@@ -136,6 +136,14 @@ void WriteTree(HKEY root, const std::string& path, const std::string& text) {
   }
 }
 
+std::string HexBytes(const std::string& bytes) {
+  std::ostringstream text;
+  for (const char byte : bytes)
+    text << std::hex << std::setw(2) << std::setfill('0') << static_cast<unsigned>(static_cast<BYTE>(byte))
+         << ' ';
+  return text.str();
+}
+
 std::string DumpTree(HKEY root, const std::string& path) {
   UniqueKey key;
   if (RegOpenKeyExA(root, path.c_str(), 0, KEY_READ, key.Put()) != ERROR_SUCCESS) return "";

@@ -38,6 +38,9 @@ class RegistryTest : public testing::Test {
 // Adds what `text` states to the key `path` of `root`, which is created if missing.
 void WriteTree(HKEY root, const std::string& path, const std::string& text);
 
+// Bytes in the notation of values: "61 62" for "ab".
+std::string HexBytes(const std::string& bytes);
+
 // The key with everything below it, for comparing: sorted, a line for each key, "[Staff\Root 1]", and each
 // value, "[Staff\Root 1] RootPath=1 C:\Work<0>" with its type and all stored data. "" when there is no key.
 std::string DumpTree(HKEY root, const std::string& path);

@@ -2,7 +2,10 @@
 
 #include <windows.h>
 
-#include "controls/message.h"
+#include <algorithm>
+#include <utility>
+
+#include "base/names.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"
@@ -10,44 +13,49 @@
 
 namespace {
 
-[[noreturn]] void EndWithoutSchemes() {
-  ShowWarning(nullptr,
-              "There has been a problem reading Kelvanstead Settings.\n"
-              "This is due to Kelvanstead not being installed or the settings have become damaged.\n"
-              "It is recommended that Kelvanstead is reinstalled.\n\n"
-              "Kelvanstead Scheme Manager can not run so will now exit",
-              "Serious Problem");
-  ExitProcess(0);
-}
-
-void ReportUnreadable(const std::string& names) {
-  ShowWarning(nullptr,
-              "The following scheme/s could not be read:\n" + names +
-                  ".\n\nIt's recommended that they are reloaded from a valid\n"
-                  "Kelvanstead Scheme Manager configuration file.",
-              "Schemes Problem");
-}
-
 UniqueKey OpenWithAllAccess(const std::string& path) {
   return OpenKey(HKEY_LOCAL_MACHINE, path, KEY_ALL_ACCESS);
 }
 
+// A value as it is stored, to be put back whatever it holds.
+class StoredValue {
+ public:
+  StoredValue(HKEY key, const std::string& name) : name_(Widen(name)) {
+    DWORD size = 0;
+    if (RegQueryValueExW(key, name_.c_str(), nullptr, &type_, nullptr, &size) != ERROR_SUCCESS) return;
+    data_.resize(size);
+    if (RegQueryValueExW(key, name_.c_str(), nullptr, &type_, data_.data(), &size) != ERROR_SUCCESS) size = 0;
+    data_.resize(std::min<std::size_t>(size, data_.size()));
+  }
+  void PutBack(HKEY key) const {
+    RegSetValueExW(key, name_.c_str(), 0, type_, data_.data(), static_cast<DWORD>(data_.size()));
+  }
+
+ private:
+  const std::wstring name_;
+  DWORD type_ = REG_SZ;
+  std::vector<BYTE> data_;
+};
+
 // Deletes every value whose text is the scheme's name in any case. A value too long to read cannot be one.
-// The names are collected first: deleting while enumerating would skip the neighbour.
-void DeleteAllocations(const char* kind, const std::string& scheme) {
-  const UniqueKey key = OpenWithAllAccess(AllocationKeyPath(kind));
-  if (!key) return;
+// The names are collected first: deleting while enumerating would skip the neighbour. Returns whether all of
+// them are gone.
+bool DeleteAllocations(const char* kind, const std::string& scheme) {
+  UniqueKey key;
+  const LSTATUS opened = OpenKey(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), KEY_ALL_ACCESS, key);
+  if (opened != ERROR_SUCCESS) return IsMissing(opened);
   std::vector<std::string> allocated;
   std::string name;
   std::string text;
-  for (DWORD i = 0;; ++i) {
-    const LSTATUS result = ReadValueAt(key.Get(), i, name, text);
-    if (result == ERROR_MORE_DATA) continue;
-    if (result != ERROR_SUCCESS) break;
-    if (lstrcmpiA(text.c_str(), scheme.c_str()) == 0) allocated.push_back(name);
+  LSTATUS end = ERROR_SUCCESS;
+  for (DWORD i = 0; end == ERROR_SUCCESS || end == ERROR_MORE_DATA; ++i) {
+    end = ReadValueAt(key.Get(), i, name, text);
+    if (end == ERROR_SUCCESS && lstrcmpiA(text.c_str(), scheme.c_str()) == 0) allocated.push_back(name);
   }
+  bool complete = end == ERROR_NO_MORE_ITEMS;
   for (const std::string& each : allocated)
-    RegDeleteValueA(key.Get(), each.c_str());
+    complete &= RegDeleteValueA(key.Get(), each.c_str()) == ERROR_SUCCESS;
+  return complete;
 }
 
 // Always works on the first subkey that remains, and goes into it only if it cannot be deleted as it is.
@@ -67,53 +75,100 @@ void DeleteSubkeys(HKEY key) {
   }
 }
 
+ChangeResult DoneIf(bool complete) { return complete ? ChangeResult::kDone : ChangeResult::kIncomplete; }
+
 }  // namespace
 
-void SchemeCatalogue::LoadCatalogue(bool reportUnreadable) {
-  Schemes.clear();
-  Config.Entries.clear();
-  if (!RegistryKey::KeyExists(HKEY_LOCAL_MACHINE, kSchemesKey)) EndWithoutSchemes();
-  UniqueKey key = OpenWithAllAccess(kSchemesKey);
-  if (!key) return;
-  std::string unreadable;
-  ForEachValue(key.Get(), [&](const std::string& name, const std::string& text) {
-    if (!HasSchemeKey(name)) {
-      if (!unreadable.empty()) unreadable += ", ";
-      unreadable += name;
-      return;
-    }
-    SchemeProperties& scheme = Schemes.emplace_back();
-    scheme.Name = name;
-    scheme.Description = text;
-    // A scheme of which some section could not be read is still a scheme.
-    (void)LoadSchemeProperties(name, scheme);
-    Config.Entries.push_back({name, text});
-  });
-  key.Reset();
-  if (reportUnreadable && !unreadable.empty()) ReportUnreadable(unreadable);
+CatalogueResult SchemeCatalogue::LoadCatalogue(std::size_t mostSchemes, SchemesAccess access) {
+  hive_.Entries.clear();
+  walk_ = {};
+  if (!RegistryKey::KeyExists(kSchemesKey)) return CatalogueResult::kNoSchemesKey;
+  walk_ = hive_.LoadFromRegistry(access, mostSchemes);
+  if (!walk_.Opened) return CatalogueResult::kNoAccess;
+  if (walk_.Failed) return CatalogueResult::kReadError;
+  return walk_.CutShort ? CatalogueResult::kCutShort : CatalogueResult::kLoaded;
 }
 
-bool SchemeCatalogue::SaveCatalogue() const { return SaveSchemes(Schemes); }
+std::optional<std::size_t> SchemeCatalogue::Find(const std::string& name) const {
+  const auto found = std::ranges::find(Schemes().rbegin(), Schemes().rend(), name, &SchemeEntry::Name);
+  if (found == Schemes().rend()) return std::nullopt;
+  return static_cast<std::size_t>(Schemes().rend() - found) - 1;
+}
 
 void SchemeCatalogue::LoadProtectedSchemes() {
   protectedSchemes_.clear();
   const UniqueKey key = OpenWithAllAccess(kProtectedSchemesKey);
   if (!key) return;
-  ForEachValue(key.Get(),
-               [this](const std::string& name, const std::string&) { protectedSchemes_.insert(name); });
+  ForEachValue(key.Get(), [this](const std::string& name, const std::string&) {
+    protectedSchemes_.insert(name);
+    return true;
+  });
 }
 
-void SchemeCatalogue::DeleteScheme(const std::string& name) {
-  if (!IsSchemeName(name)) return;
-  DeleteAllocations(kClassSchemes, name);
-  DeleteAllocations(kUserSchemes, name);
-  if (const UniqueKey key = OpenWithAllAccess(kSchemesKey)) {
-    RegDeleteValueA(key.Get(), name.c_str());
-    DeleteSchemeKeyTree(name);
-    RegDeleteKeyA(key.Get(), name.c_str());
+bool SchemeCatalogue::IsAmbiguous(const std::string& name) const {
+  return std::ranges::any_of(walk_.Ambiguous,
+                             [&](const std::string& ambiguous) { return IsSameName(ambiguous, name); });
+}
+
+bool SchemeCatalogue::IsTaken(const std::string& name) const {
+  if (std::ranges::any_of(Schemes(),
+                          [&](const SchemeEntry& scheme) { return IsSameName(scheme.Name, name); }))
+    return true;
+  RegistryKey schemes(RegistryKey::kOpen, kSchemesKey);
+  return schemes.HasValue(name.c_str()) && FindSchemeKey(name) == Outcome::kComplete;
+}
+
+Outcome SchemeCatalogue::ReadScheme(const SchemeEntry& entry, SchemeProperties& scheme) const {
+  scheme = {};
+  scheme.Name = entry.Name;
+  scheme.Description = entry.Description;
+  return LoadSchemeProperties(entry.Name, scheme);
+}
+
+ChangeResult SchemeCatalogue::Append(const SchemeProperties& scheme) {
+  const UniqueKey schemes = OpenWithAllAccess(kSchemesKey);
+  if (!schemes || IsAmbiguous(scheme.Name)) return ChangeResult::kRefused;
+  bool complete = WriteText(schemes.Get(), scheme.Name, scheme.Description) == ERROR_SUCCESS;
+  complete &= SaveCatalogue(scheme);
+  hive_.Entries.push_back({scheme.Name, scheme.Description});
+  return DoneIf(hive_.SaveToRegistry({}) && complete);
+}
+
+// The other schemes hold what they held when they were listed; only what is missing of one has to be written.
+bool SchemeCatalogue::SaveCatalogue(const SchemeProperties& added) const {
+  bool complete = SaveSchemeOfMany(added);
+  for (const SchemeEntry& entry : Schemes()) {
+    if (IsSchemeName(entry.Name) && !IsAmbiguous(entry.Name)) complete &= AddMissingProperties(entry.Name);
   }
-  std::erase_if(Schemes, [&](const SchemeProperties& scheme) { return scheme.Name == name; });
-  std::erase_if(Config.Entries, [&](const ConfigHiveEntry& entry) { return entry.SchemeName == name; });
+  return complete;
+}
+
+ChangeResult SchemeCatalogue::Replace(std::size_t index, const SchemeProperties& scheme) {
+  SchemeEntry& entry = hive_.Entries[index];
+  if (IsAmbiguous(entry.Name) || IsAmbiguous(scheme.Name)) return ChangeResult::kRefused;
+  if (const UniqueKey schemes = OpenWithAllAccess(kSchemesKey)) {
+    const StoredValue old(schemes.Get(), entry.Name);
+    if (RegDeleteValueA(schemes.Get(), entry.Name.c_str()) == ERROR_SUCCESS &&
+        WriteText(schemes.Get(), scheme.Name, scheme.Description) != ERROR_SUCCESS) {
+      old.PutBack(schemes.Get());
+      return ChangeResult::kRefused;
+    }
+  }
+  entry = {scheme.Name, scheme.Description};
+  return DoneIf(SaveSchemeProperties(scheme.Name, scheme));
+}
+
+ChangeResult SchemeCatalogue::Remove(const std::string& name) {
+  if (!IsSchemeName(name) || IsAmbiguous(name)) return ChangeResult::kRefused;
+  const UniqueKey key = OpenWithAllAccess(kSchemesKey);
+  if (!key) return ChangeResult::kRefused;
+  bool complete = DeleteAllocations(kClassSchemes, name);
+  complete &= DeleteAllocations(kUserSchemes, name);
+  complete &= RegDeleteValueA(key.Get(), name.c_str()) == ERROR_SUCCESS;
+  DeleteSchemeKeyTree(name);
+  complete &= RegDeleteKeyA(key.Get(), name.c_str()) == ERROR_SUCCESS;
+  std::erase_if(hive_.Entries, [&](const SchemeEntry& entry) { return entry.Name == name; });
+  return DoneIf(complete);
 }
 
 void SchemeCatalogue::DeleteSchemeKeyTree(const std::string& name) {

@@ -27,8 +27,6 @@ class RecordList {
   std::size_t Count() const { return places_.size(); }
   // The texts of the record stay valid until the list changes. Unchecked.
   SchemeRecord operator[](std::size_t position) const;
-  // Has memory fetch the record meanwhile.
-  void Prefetch(std::size_t position) const { __builtin_prefetch(text_.data() + places_[position].Start); }
 
   // Copies the record's texts, which must not be of this list.
   void Append(const SchemeRecord& record);

@@ -46,12 +46,6 @@ std::int32_t RecordStore::ReadIntRecord(std::string_view key1, std::string_view 
       std::strtoll(ReadStringRecord(key1, key2).c_str(), nullptr, 10), Limits::min(), Limits::max()));
 }
 
-void RecordStore::Prefetch(std::string_view key1, std::string_view key2) const {
-  if (isInOrder_ || index_.empty()) return;
-  const std::uint32_t position = index_[HashKeys(key1, key2) & (index_.size() - 1)].Position;
-  if (position) records_.Prefetch(position - 1);
-}
-
 void RecordStore::ClearRecordStore() {
   index_.clear();
   records_.Clear();
@@ -70,8 +64,7 @@ void RecordStore::Fill(RecordList records) {
 
 SchemeRecord RecordStore::Find(std::string_view key1, std::string_view key2) {
   const std::size_t cursor = readCursor_++;
-  isInOrder_ = cursor < records_.Count() && HasKeys(records_[cursor], key1, key2);
-  if (isInOrder_) return records_[cursor];
+  if (cursor < records_.Count() && HasKeys(records_[cursor], key1, key2)) return records_[cursor];
   if (Count() == 0) return {};
   if (index_.empty()) BuildIndex();
   const std::uint32_t position = FindSlot(HashKeys(key1, key2), key1, key2).Position;

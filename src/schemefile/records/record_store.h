@@ -27,10 +27,6 @@ class RecordStore {
   // is none; a number out of range is cut to the nearest limit.
   std::int32_t ReadIntRecord(std::string_view key1, std::string_view key2);
 
-  // Tells of a look-up that is to come soon, so that memory fetches its record meanwhile. Answers nothing and
-  // changes nothing; worth it for several at once, which are then waited for together.
-  void Prefetch(std::string_view key1, std::string_view key2) const;
-
   // Empties the list. The read cursor stays where it is.
   void ClearRecordStore();
   void ResetReadCursor() { readCursor_ = 0; }
@@ -63,7 +59,6 @@ class RecordStore {
 
   RecordList records_;
   std::uint32_t readCursor_ = 0;
-  bool isInOrder_ = true;  // the last look-up found its record at the cursor
   // A hash table with linear probing that leads to the last record with certain keys. Its size is a power of
   // two. Empty until a look-up misses the cursor, and again after every change of the list.
   std::vector<Slot> index_;

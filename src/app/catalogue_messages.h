@@ -1,0 +1,17 @@
+// What the user is told of the catalogue of schemes.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "registry/catalogue/scheme_catalogue.h"
+
+// Says that the shell's settings are missing or damaged, and ends the process with exit code 0.
+[[noreturn]] void EndWithoutSchemes();
+
+// SchemeCatalogue::LoadCatalogue. Where the Schemes key is missing, ends the program (EndWithoutSchemes).
+void LoadCatalogueOrEnd(SchemeCatalogue& catalogue, std::size_t mostSchemes = SIZE_MAX);
+
+// Names the schemes of the catalogue that could not be read, in one message; none where there are none. Of
+// very many it names the first and tells how many more there are.
+void ReportUnreadableSchemes(const SchemeCatalogue& catalogue);
