@@ -39,7 +39,7 @@ void GoToMyComputer(HWND frame) {
   Click(frame, IDCANCEL);
 }
 
-TEST(DirDlg, AnswersTheViewedFolderWithATrailingBackslash) {
+TEST(DirDlg, ReturnsTheViewedFolderWithATrailingBackslash) {
   const ScratchFolder scratch;
   CreateDirectoryA(scratch.File("Inner").c_str(), nullptr);
   const auto before = std::filesystem::current_path();

@@ -3,13 +3,14 @@
 #include <tuple>
 #include <vector>
 
+#include "controls/window_handles.h"
 #include "controls/window_text.h"
 #include "editor/general_page_ids.h"
 #include "support/list_driver.h"
 
 namespace {
 
-// Shows the page for a scheme, lets `act` work on it, confirms, and answers the scheme that comes out.
+// Shows the page for a scheme, lets `act` work on it, confirms, and returns the scheme that comes out.
 SchemeProperties Confirm(SchemeProperties scheme, const DialogScript::Action& act = {}) {
   CPage1 page(scheme);
   DialogScript script;
@@ -56,43 +57,127 @@ TEST(GeneralPage, FirstTabIsAPositionUntilItIsChosen) {
   }
 }
 
-TEST(GeneralPage, BoxesSwitchToolbarButtonsOnAndOff) {
-  const ToolBarPage forced{.Back = 1, .Forward = 1, .Refresh = 1, .Help = 1, .Up = 1};
-  const ToolBarPage all{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 1, 1, 0};
-  const ToolBarPage second{.Copy = 1, .Print = 1};
-  const auto clickAll = [](HWND page) {
-    for (const int box : {IDC_GENERAL_CUT_COPY_PASTE, IDC_GENERAL_DELETE, IDC_GENERAL_NEW_RENAME,
-                          IDC_GENERAL_UNDO, IDC_GENERAL_PRINT, IDC_GENERAL_ICON_SIZE})
-      Click(page, box);
+// The picture of a static control is the program's bitmap of that number, whatever stands for its magenta.
+void ExpectPicture(HWND picture, UINT bitmap) {
+  ICONINFO icon{};
+  ASSERT_TRUE(GetIconInfo(reinterpret_cast<HICON>(SendMessageA(picture, STM_GETICON, 0, 0)), &icon));
+  const UniqueBitmap shown(icon.hbmColor), mask(icon.hbmMask);
+  const UniqueBitmap expected(LoadBitmapA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(bitmap)));
+  const UniqueMemoryDc left(CreateCompatibleDC(nullptr)), right(CreateCompatibleDC(nullptr));
+  const SelectedObject selectedLeft(left.Get(), shown.Get()), selectedRight(right.Get(), expected.Get());
+  int compared = 0;
+  for (int i = 0; i < 32 * 32; ++i) {
+    const COLORREF colour = GetPixel(right.Get(), i % 32, i / 32);
+    if (colour == RGB(255, 0, 255)) continue;
+    ++compared;
+    ASSERT_EQ(GetPixel(left.Get(), i % 32, i / 32), colour) << bitmap << " at " << i;
+  }
+  EXPECT_GT(compared, 100);
+}
+
+TEST(GeneralPage, EachTabHasItsPicture) {
+  Confirm({}, [](HWND page) {
+    ExpectPicture(GetDlgItem(page, IDC_GENERAL_PROGRAMS_PICTURE), 221);
+    ExpectPicture(GetDlgItem(page, IDC_GENERAL_FILES_PICTURE), 224);
+    ExpectPicture(GetDlgItem(page, IDC_GENERAL_LINKS_PICTURE), 220);
+  });
+}
+
+TEST(GeneralPage, EachBoxSwitchesItsToolbarButtonsOnAndOff) {
+  const struct {
+    int box;
+    const char* text;
+    ToolBarPage first, second;
+  } rows[] = {
+      {1112, "Cut, Copy && Paste", {.Cut = 1, .Copy = 1, .Paste = 1}, {.Copy = 1}},
+      {1113, "Delete", {.Delete = 1}, {}},
+      {1114, "New && Rename", {.New = 1, .Rename = 1}, {}},
+      {1062, "Undo", {.Undo = 1}, {}},
+      {1069, "Print", {.Print = 1}, {.Print = 1}},
+      {1071, "Icon Size", {.Icon = 1}, {}},
   };
-  const SchemeProperties on = Confirm({}, clickAll);
-  EXPECT_EQ(on.ToolBars, (std::array{all, second, ToolBarPage{}}));
-  EXPECT_EQ(Confirm(on, clickAll).ToolBars, (std::array{forced, ToolBarPage{}, ToolBarPage{}}));
+  const auto click = [](int box, const char* text, bool ticked) {
+    return [=](HWND page) {
+      EXPECT_EQ(ControlText(page, box), text);
+      EXPECT_EQ(IsDlgButtonChecked(page, box), ticked ? BST_CHECKED : BST_UNCHECKED);
+      Click(page, box);
+    };
+  };
+  for (const auto& [box, text, first, second] : rows) {
+    ToolBarPage shown = first;
+    shown.Back = shown.Forward = shown.Refresh = shown.Help = shown.Up = 1;  // always
+    const SchemeProperties on = Confirm({}, click(box, text, false));
+    EXPECT_EQ(on.ToolBars, (std::array{shown, second, ToolBarPage{}})) << text;
+    const ToolBarPage forced{.Back = 1, .Forward = 1, .Refresh = 1, .Help = 1, .Up = 1};
+    EXPECT_EQ(Confirm(on, click(box, text, true)).ToolBars,
+              (std::array{forced, ToolBarPage{}, ToolBarPage{}}))
+        << text;
+  }
+}
+
+TEST(GeneralPage, EachRadioButtonSetsItsDefault) {
+  const struct {
+    int on, off;
+    std::uint32_t SchemeDefaults::*value;
+  } rows[] = {{1136, 1137, &SchemeDefaults::Silent},
+              {1139, 1140, &SchemeDefaults::ContextMenu},
+              {1145, 1146, &SchemeDefaults::OptionsMenu}};
+  for (const auto& [on, off, value] : rows) {
+    for (const auto& [stored, clicked, expected] :
+         {std::tuple{0U, on, 1U}, {1U, off, 0U}, {2U, on, 1U}, {0U, off, 0U}}) {
+      SchemeProperties scheme, changed;
+      scheme.Defaults.*value = stored;
+      scheme = Confirm(scheme, [&, stored = stored, clicked = clicked, on = on, off = off](HWND page) {
+        EXPECT_EQ(IsDlgButtonChecked(page, stored == 1 ? on : off), BST_CHECKED);
+        EXPECT_EQ(IsDlgButtonChecked(page, stored == 1 ? off : on), BST_UNCHECKED);
+        Click(page, clicked);
+      });
+      changed.Defaults.DefaultFirstTab = 1;
+      changed.Defaults.*value = expected;
+      EXPECT_EQ(scheme.Defaults, changed.Defaults) << on;
+    }
+  }
+}
+
+TEST(GeneralPage, TheViewIsChosenByItsPlaceInTheList) {
+  for (const auto& [text, value] : {std::pair{"One Pane Tree", "tree1"},
+                                    {"Two Pane Tree", "tree2"},
+                                    {"Icon View", "icons"},
+                                    {"Details View", "details"}}) {
+    const auto choose = [text = text](HWND page) { Choose(page, IDC_GENERAL_VIEW, text); };
+    SchemeProperties scheme;
+    scheme.Tabs.Page2 = 1;
+    scheme = Confirm(scheme, choose);
+    EXPECT_EQ(scheme.Defaults.DefaultView, value);
+    Confirm(scheme, [text = text](HWND page) { EXPECT_EQ(ControlText(page, IDC_GENERAL_VIEW), text); });
+  }
 }
 
 TEST(GeneralPage, LeavesAloneWhatIsNotChanged) {
   SchemeProperties scheme;
+  scheme.Name = "Staff";
+  scheme.Description = "  ";
   scheme.Tabs = {1, 0, 1};
   scheme.ToolBars.fill({1, 1, 0, 0, 0, 0, 0, 1, 0, 1, 1, 0, 5, 1, 1, 5});
   for (const char* view : {"spiral", "tree1", "tree2", "icons", "details"}) {
     scheme.Defaults = {view, 48, 1, 9, 1, 0, 1};
     EXPECT_EQ(Confirm(scheme), scheme) << view;
   }
-  scheme = Confirm(scheme, [](HWND page) {
-    Choose(page, IDC_GENERAL_TAB, "Links");
-    Choose(page, IDC_GENERAL_VIEW, "Icon View");
-    for (const int id : {IDC_GENERAL_TALKING, IDC_GENERAL_CONTEXT_MENU_ON, IDC_GENERAL_OPTIONS_MENU_OFF})
-      Click(page, id);
-  });
-  EXPECT_EQ(scheme.Defaults, (SchemeDefaults{"icons", 48, 3, 9, 0, 1, 0}));
-  // The first name comes from elsewhere and breaks the rules.
-  for (const auto& [name, description, shown] :
-       {std::tuple("Year 1: Maths?", "  ", "Year 1: Maths?  "), std::tuple("Staff", " ", "Staff"),
-        std::tuple("Default User", "For everybody", "")}) {
-    scheme.Name = name;
-    scheme.Description = description;
-    const SchemeProperties confirmed = Confirm(scheme);
-    EXPECT_EQ(confirmed.Name + confirmed.Description, shown);
+}
+
+TEST(GeneralPage, ShowsNeitherDefaultUsersNameNorABlankDescription) {
+  const struct {
+    const char *name, *description, *shownName, *shownDescription;
+  } rows[] = {{"Default User", "For everybody", "", ""},
+              {"default user", "For everybody", "default user", "For everybody"},
+              {"Staff", " ", "Staff", ""}};
+  for (const auto& row : rows) {
+    SchemeProperties scheme;
+    scheme.Name = row.name;
+    scheme.Description = row.description;
+    scheme = Confirm(scheme);
+    EXPECT_EQ(scheme.Name, row.shownName);
+    EXPECT_EQ(scheme.Description, row.shownDescription);
   }
 }
 

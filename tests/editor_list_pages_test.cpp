@@ -7,8 +7,10 @@
 #include "editor/links_page.h"
 #include "editor/root_properties_dialog.h"
 #include "editor/root_properties_dialog_ids.h"
+#include "editor/text_entry.h"
 #include "editor/web_link_dialog.h"
 #include "editor/web_link_dialog_ids.h"
+#include "editor_driver.h"
 #include "support/list_driver.h"
 #include "support/picture_machine.h"
 
@@ -21,7 +23,7 @@ using ListPages = PictureMachineTest;
 
 HWND List(HWND sheet) { return GetDlgItem(PropSheet_GetCurrentPageHwnd(sheet), IDC_ITEM_LIST); }
 
-// Presses a key on a control. Answers the names in the list, a bar, and the first letters of those of the
+// Presses a key on a control. Returns the names in the list, a bar, and the first letters of those of the
 // controls List, Add, Edit, Remove, Up and Down that are enabled; the selected row and the focus in brackets.
 std::string After(HWND sheet, int focused, WPARAM key) {
   const HWND page = PropSheet_GetCurrentPageHwnd(sheet);
@@ -50,8 +52,6 @@ DialogScript::Action EnterLink(const std::string& name, const std::string& url, 
     Click(dialog, button);
   };
 }
-
-void PressOK(HWND dialog) { Click(dialog, IDOK); }
 
 TEST_F(ListPages, AddEditMoveAndRemove) {
   const PictureFolders folders = Folders();
@@ -85,54 +85,128 @@ TEST_F(ListPages, AddEditMoveAndRemove) {
   EXPECT_TRUE(page.Links.empty());
 }
 
-TEST_F(ListPages, LinksNeedANameAndAUrlAndKeepTheirPicture) {
+// The list's columns with their titles; the one that is stretched fills what the others leave.
+void ExpectColumns(HWND list, const std::vector<const char*>& titles) {
+  RECT client{};
+  GetClientRect(list, &client);
+  int widths = 0;
+  for (int i = 0; i < static_cast<int>(titles.size()); ++i) {
+    char title[32] = "";
+    LVCOLUMNA column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH;
+    column.pszText = title;
+    column.cchTextMax = sizeof(title);
+    ASSERT_TRUE(
+        SendMessageA(list, LVM_GETCOLUMNA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column)));
+    EXPECT_STREQ(title, titles[static_cast<std::size_t>(i)]);
+    EXPECT_GE(column.cx, 40) << title;
+    widths += column.cx;
+  }
+  EXPECT_EQ(widths, client.right);
+}
+
+TEST_F(ListPages, FillTheirListsWidthAndPaintWhatHasMoved) {
+  const PictureFolders folders = Folders();
+  CPage2 links(folders);
+  CPage3 roots(folders);
+  links.Links = {{"a", "", "", "", "", ""}, {"b", "", "", "", "", ""}};
+  roots.Roots.resize(30);  // more than can be seen without a scroll bar
+  DialogScript script;
+  script.Expect(kSheetTitle, [&](HWND sheet) {
+    const HWND list = List(sheet);
+    EXPECT_EQ(ControlText(GetParent(list), IDC_ITEM_LIST_LABEL), "&Links:");
+    EXPECT_EQ(GetWindowLongA(list, GWL_STYLE) & 0xFFFF,
+              LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER);
+    EXPECT_TRUE(ListView_GetExtendedListViewStyle(list) & LVS_EX_FULLROWSELECT);
+    ExpectColumns(list, {"Name", "Address"});
+    UpdateWindow(list);
+    Click(GetParent(list), IDC_REMOVE_ITEM);
+    RECT row{}, stale{}, missing{};
+    ListView_GetItemRect(list, 0, &row, LVIR_BOUNDS);
+    GetUpdateRect(list, &stale, FALSE);
+    EXPECT_FALSE(SubtractRect(&missing, &row, &stale)) << "the row of the removed link still shows it";
+    Click(sheet, IDOK);
+  });
+  EXPECT_EQ(ShowInSheet(links), IDOK);
+  script.Expect(kSheetTitle, [&](HWND sheet) {
+    EXPECT_EQ(ControlText(GetParent(List(sheet)), IDC_ITEM_LIST_LABEL), "&Folders:");
+    ExpectColumns(List(sheet), {"Name", "Path", "Levels", "Changes"});
+    Click(sheet, IDOK);
+  });
+  EXPECT_EQ(ShowInSheet(roots), IDOK);
+}
+
+TEST_F(ListPages, LinksNeedANameAndAUrl) {
+  constexpr char kInvalid[] =
+      "Invalid characters have been found in the URL\n\r\n\rPlease do not use the characters:\n\r"
+      "{}|\\^~[]'<>\"#%@!";
+  WebLink link{"", "", "", "", "", "a.wav"};
+  DialogScript script;
+  script.Expect(kLinkTitle, [](HWND dialog) {
+    const auto confirm = [dialog](const char* name, const char* url) {
+      EnterLink(name, url)(dialog);
+      return GetDlgCtrlID(GetFocus());
+    };
+    EXPECT_EQ(confirm("", ""), IDC_LINK_NAME);
+    EXPECT_EQ(confirm("Name", ""), IDC_LINK_URL);
+    EXPECT_EQ(confirm("Name", "http://a#b"), IDC_LINK_URL);
+    EXPECT_EQ(ControlText(dialog, IDC_LINK_URL), "");
+    confirm("Name", "a%20b.example/?c=d:e");
+  });
+  script.ExpectMessage(kPlain, "Missing Name",
+                       "The Name is missing.\n\rPlease enter the Name and try again.");
+  script.ExpectMessage(kPlain, "Missing URL", "The URL is missing.\n\rPlease enter the URL and try again.");
+  script.ExpectMessage(kPlain, "Invalid characters in URL", kInvalid);
+  EXPECT_EQ(CWebLinkDialog(link, Folders()).DoModal(nullptr), IDOK);
+  EXPECT_EQ(link, (WebLink{"Name", "a%20b.example/?c=d:e", "", "", "", "a.wav"}));
+  // A blank cannot be typed.
+  script.ExpectMessage(kPlain, "Invalid characters in URL",
+                       "A space has been found in the URL\n\rPlease re-enter URL and try again.");
+  EXPECT_FALSE(CheckUrl("a b"));
+}
+
+TEST_F(ListPages, LinksKeepTheirPicture) {
   AddPicture("Default\\A.bmp");
   const std::string b = AddPicture("User\\B.bmp"), elsewhere = AddPicture("Elsewhere\\D.bmp");
+  const std::string endless(70'000, 'x');
   const struct {
-    std::string stored, shown, chosen, expected;
-  } cases[] = {{"", "(no picture)", "B.bmp", "B.bmp"},
-               {"a.BMP", "A.bmp", "A.bmp", "a.BMP"},
-               {"A.bmp", "A.bmp", "(no picture)", ""},
-               {"Gone.bmp", "Gone.bmp (missing)", "Gone.bmp (missing)", "Gone.bmp"},
-               {elsewhere, "D.bmp", "D.bmp", elsewhere},
-               {b, "B.bmp", "B.bmp", b}};
+    std::string stored, shown, file, chosen, expected;
+  } cases[] = {
+      {"", "(no picture)", "(no picture)", "B.bmp", "B.bmp"},
+      {"a.BMP", "A.bmp", PicturePath("Default\\A.bmp"), "A.bmp", "a.BMP"},
+      {"A.bmp", "A.bmp", PicturePath("Default\\A.bmp"), "(no picture)", ""},
+      {"Gone.bmp", "Gone.bmp (missing)", "Gone.bmp (not on this machine)", "Gone.bmp (missing)", "Gone.bmp"},
+      {elsewhere, "D.bmp", elsewhere, "D.bmp", elsewhere},
+      {b, "B.bmp", b, "B.bmp", b},
+      {endless, endless.substr(0, 259) + " (missing)", endless.substr(0, 259) + " (not on this machine)",
+       endless.substr(0, 259) + " (missing)", endless}};
   DialogScript script;
   for (const auto& each : cases) {
-    WebLink link{"a", "", each.stored, "", "", "a.wav"};
+    WebLink link{"Name", "www.example.com", each.stored, "", "", ""};
     script.Expect(kLinkTitle, [&each](HWND dialog) {
       const HWND list = GetDlgItem(dialog, IDC_LINK_PICTURES);
       EXPECT_EQ(ListCellText(list, SelectedRow(list), 0), each.shown);
+      EXPECT_EQ(ControlText(dialog, IDC_LINK_PICTURE_FILE), each.file);
       SelectRow(list, FindRow(list, each.chosen));
-      for (const auto& [name, url, focused] : {std::tuple{"", "", IDC_LINK_NAME},
-                                               {"Name", " ", IDC_LINK_URL},
-                                               {"Name", "http://a#b", IDC_LINK_URL}}) {
-        EnterLink(name, url)(dialog);
-        EXPECT_EQ(GetDlgCtrlID(GetFocus()), focused) << name << " at " << url;
-      }
-      EXPECT_EQ(ControlText(dialog, IDC_LINK_URL), "");
-      Type(dialog, IDC_LINK_LONG_TOOLTIP, std::string(101, 'l'));
-      EnterLink("Name", "www.example.com")(dialog);
+      Click(dialog, IDOK);
     });
-    script.ExpectMessage("Missing Name", "The Name is missing.\n\rPlease enter the Name and try again.");
-    script.Expect("Error: Illegal Character", &PressOK);
-    script.ExpectMessage("Missing URL", "The URL is missing.\n\rPlease enter the URL and try again.");
-    script.Expect("Invalid characters in URL", &PressOK);
-    script.ExpectMessage("Error: Text too long", "There is a limit of 100 characters");
     EXPECT_EQ(CWebLinkDialog(link, Folders()).DoModal(nullptr), IDOK);
-    EXPECT_EQ(link, (WebLink{"Name", "www.example.com", each.expected, std::string(100, 'l'), "", "a.wav"}));
+    EXPECT_EQ(link.IconFile, each.expected);
   }
 }
 
 TEST_F(ListPages, RootsAreEditedWithTheirPictures) {
   AddPicture("Default\\A.bmp");
-  const std::string globe = AddPicture("Icons\\Globe.ico"), elsewhere = AddPicture("Elsewhere\\D.bmp");
+  const std::string globe = AddPicture("Icons\\Globe.ico");
+  // Not the picture of the same name that a bare name would find.
+  const std::string elsewhere = AddPicture("Elsewhere\\A.bmp");
   const PictureFolders folders = Folders();
   CPage3 page(folders);
   page.Roots = {{"My Work", "H:\\", 3, "A.bmp", "Gone.bmp", "long", "short", "open.wav", 0}};
   DialogScript script;
   script.Expect(kSheetTitle, [](HWND sheet) {
     EXPECT_EQ(After(sheet, IDC_EDIT_ITEM, VK_SPACE), "[Shared] | LA[E]R");
-    const char* cells[] = {"Shared", "S:\\Shared", "12", "Denied"};
+    const char* cells[] = {"Shared", "C:\\windows\\", "12", "Denied"};
     for (int column = 0; column < 4; ++column)
       EXPECT_EQ(ListCellText(List(sheet), 0, column), cells[column]);
     Click(sheet, IDOK);
@@ -140,18 +214,27 @@ TEST_F(ListPages, RootsAreEditedWithTheirPictures) {
   script.Expect(kRootTitle, [](HWND dialog) {
     EXPECT_EQ(ControlText(dialog, IDC_OPEN_PICTURE), "Gone.bmp (not on this machine)");
     Type(dialog, IDC_ROOT_NAME, "Shared");
-    Type(dialog, IDC_ROOT_PATH, "S:\\Shared");
+    Type(dialog, IDC_ROOT_PATH, "C:\\windows");
     Type(dialog, IDC_FOLDER_LEVELS, "12");
-    for (const int button : {IDC_DENY_MODIFY, IDC_CHOOSE_CLOSED, IDC_CHOOSE_OPEN})
+    for (const int button : {IDC_BROWSE_ROOT, IDC_DENY_MODIFY, IDC_CHOOSE_CLOSED, IDC_CHOOSE_OPEN})
       Click(dialog, button);
+    EXPECT_EQ(ControlText(dialog, IDC_ROOT_PATH), "C:\\windows\\");
     EXPECT_EQ(ControlText(dialog, IDC_CLOSED_PICTURE), "Globe.ico");
     Click(dialog, IDOK);
   });
+  script.Expect("Choose a Folder", [](HWND dialog) { Click(dialog, 5000); });
   script.Expect(kPickerTitle, [](HWND picker) {
     const HWND list = GetDlgItem(picker, IDC_PICTURES);
     EXPECT_EQ(ListCellText(list, SelectedRow(list), 0), "A.bmp");
     SelectRow(list, FindRow(list, "Globe.ico"));
-    Click(picker, IDOK);
+    RECT area{}, beside{};
+    GetClientRect(list, &area);
+    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(area.right - 5, area.bottom - 5));
+    PostMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(area.right - 5, area.bottom - 5));
+    Pump();
+    EXPECT_EQ(SelectedRow(list), FindRow(list, "Globe.ico")) << "beside the pictures nothing is chosen";
+    ListView_GetItemRect(list, SelectedRow(list), &beside, LVIR_ICON);
+    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(beside.left + 9, beside.top + 9));
   });
   script.Expect(kPickerTitle, [](HWND picker) {
     for (const int button : {IDC_BROWSE_PICTURE, IDC_BROWSE_PICTURE, IDOK})
@@ -162,42 +245,68 @@ TEST_F(ListPages, RootsAreEditedWithTheirPictures) {
       SetDlgItemTextA(dialog, cmb13, path.c_str());
       Click(dialog, IDOK);
     });
-    if (path != elsewhere) script.Expect("Picture Problem", &PressOK);
+    if (path == elsewhere) continue;
+    script.ExpectMessage(kWarning.OwnedBy(kPickerTitle), "Picture Problem",
+                         "Rubbish.bmp\n\nThis file cannot be used as a picture.");
   }
   EXPECT_EQ(ShowInSheet(page), IDOK);
-  const FolderRoot edited{"Shared", "S:\\Shared", 12, globe, elsewhere, "long", "short", "open.wav", 1};
+  const FolderRoot edited{"Shared", "C:\\windows\\", 12, globe, elsewhere, "long", "short", "open.wav", 1};
   EXPECT_EQ(page.Roots, std::vector{edited});
 }
 
-TEST_F(ListPages, RootsNeedANameAndAPathAndKeepNumbersThatCannotBeShown) {
-  const struct {
-    std::uint32_t levels, deny;
-    const char* typed;  // into the levels, and the box ticked or cleared; null leaves both
-    std::uint32_t expectedLevels, expectedDeny;
-  } cases[] = {{4000000000U, 7, nullptr, 4000000000U, 7}, {4000000000U, 7, "100", 99, 0}, {5, 0, "", 0, 1}};
+TEST_F(ListPages, RootsNeedANameAndAPath) {
+  FolderRoot root{"", "", 0, "", "", "", "", "", 7};
   DialogScript script;
+  script.Expect(kRootTitle, [](HWND dialog) {
+    for (const auto& [missing, typed] : {std::pair{IDC_ROOT_NAME, "Name"}, {IDC_ROOT_PATH, "C:\\"}}) {
+      Click(dialog, IDOK);
+      EXPECT_EQ(GetDlgCtrlID(GetFocus()), missing);
+      Type(dialog, missing, typed);
+    }
+    Click(dialog, IDOK);
+  });
+  const MessageStyle style = kPlain.OwnedBy(kRootTitle);
+  script.ExpectMessage(style, "Name Error", "You must enter a name for this root");
+  for (int i = 0; i < 2; ++i)
+    script.ExpectMessage(style, "Path Error", "You must enter a path for this root");
+  EXPECT_EQ(CRootPropertiesDialog(root, kNoPictures).DoModal(nullptr), IDOK);
+  EXPECT_EQ(root.RootDisplayName + root.RootPath, "NameC:\\");
+  EXPECT_EQ(root.DenyModify, 7U) << "not touched";
+}
+
+TEST_F(ListPages, FolderLevelsAreAnyNumberThatTheSchemeCanHold) {
+  constexpr char kRefused[] = "The number of folder levels must be a whole number from 0 to 4294967295";
+  const struct {
+    std::uint32_t stored;
+    std::vector<const char*> typed;  // all but the last are refused
+    WPARAM key;
+    std::uint32_t expected;
+  } cases[] = {{4000000000, {}, 0, 4000000000},
+               {5, {""}, 0, 0},
+               {5, {"4294967295"}, 0, 4294967295},
+               {5, {"4294967296", "12345678901234567890", "-1", "1.5", " ", "007"}, 0, 7},
+               {4000000000, {}, VK_UP, 4000000001},
+               {4294967295, {}, VK_UP, 4294967295},
+               {0, {}, VK_DOWN, 0}};
   for (const auto& each : cases) {
-    FolderRoot root{"", "", each.levels, "", "", "", "", "", each.deny};
+    SCOPED_TRACE(std::to_string(each.stored) + (each.typed.empty() ? "" : each.typed[0]));
+    FolderRoot root{"Name", "C:\\", each.stored, "", "", "", "", "", 0};
+    DialogScript script;
     script.Expect(kRootTitle, [&each](HWND dialog) {
-      EXPECT_EQ(ControlText(dialog, IDC_FOLDER_LEVELS), std::to_string(each.levels));
-      if (each.typed) Type(dialog, IDC_FOLDER_LEVELS, each.typed), Click(dialog, IDC_DENY_MODIFY);
-      for (const auto& [missing, typed] : {std::pair{IDC_ROOT_NAME, "Name"}, {IDC_ROOT_PATH, "C:\\*"}}) {
-        Click(dialog, IDOK);
-        EXPECT_EQ(GetDlgCtrlID(GetFocus()), missing);
-        Type(dialog, missing, typed);
+      EXPECT_EQ(ControlText(dialog, IDC_FOLDER_LEVELS), std::to_string(each.stored));
+      for (const char* text : each.typed) {
+        Type(dialog, IDC_FOLDER_LEVELS, text);
+        if (text != each.typed.back()) Click(dialog, IDOK);
       }
-      Type(dialog, IDC_ROOT_SHORT_TOOLTIP, std::string(51, 's'));
+      SetFocus(GetDlgItem(dialog, IDC_FOLDER_LEVELS));
+      if (each.key) PressKey(each.key);
+      Pump();
       Click(dialog, IDOK);
     });
-    script.ExpectMessage("Name Error", "You must enter a name for this root");
-    for (int i = 0; i < 2; ++i)
-      script.ExpectMessage("Path Error", "You must enter a path for this root");
-    script.Expect("Error: Illegal Character", &PressOK);
-    script.ExpectMessage("Error: Text too long", "There is a limit of 50 characters");
-    EXPECT_EQ(CRootPropertiesDialog(root, Folders()).DoModal(nullptr), IDOK);
-    EXPECT_EQ(root.RootDisplayName + root.RootPath + root.ShortToolTip, "NameC:\\" + std::string(50, 's'));
-    EXPECT_EQ(root.FolderLevels, each.expectedLevels);
-    EXPECT_EQ(root.DenyModify, each.expectedDeny);
+    for (std::size_t i = 1; i < each.typed.size(); ++i)
+      script.ExpectMessage(kPlain.OwnedBy(kRootTitle), "Folder Levels Error", kRefused);
+    EXPECT_EQ(CRootPropertiesDialog(root, kNoPictures).DoModal(nullptr), IDOK);
+    EXPECT_EQ(root.FolderLevels, each.expected);
   }
 }
 

@@ -2,21 +2,153 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "controls/dialog.h"
-#include "editor/scheme_name_dialog_ids.h"
+#include "editor/general_page.h"
+#include "editor/root_properties_dialog.h"
+#include "editor/scheme_name_dialog.h"
+#include "editor/web_link_dialog.h"
+#include "editor_driver.h"
 #include "resources/resource_ids.h"
-#include "support/dialog_script.h"
+#include "support/list_driver.h"
 
 namespace {
 
-constexpr int kField = IDC_NEW_SCHEME_NAME;
-constexpr std::string_view kTooLong = "There is a limit of 50 characters";
-constexpr std::string_view kRefused = kSheetNameMessage;
+constexpr char kRefused[] = "Error: Illegal Character", kTooLong[] = "Error: Text too long";
+
+// The editor's windows, each with a text in one of its fields. They return what is kept in the end.
+template <auto Member>
+std::string EditScheme(const std::string& text) {
+  SchemeProperties scheme;
+  scheme.*Member = text;
+  CPage1 page(scheme);
+  if (ShowInSheet(page) == IDOK) page.CopyTo(scheme);
+  return scheme.*Member;
+}
+
+template <auto Member>
+std::string EditRoot(const std::string& text) {
+  FolderRoot root;
+  root.RootDisplayName = "Name";
+  root.RootPath = "C:\\";
+  root.*Member = text;
+  CRootPropertiesDialog(root, kNoPictures).DoModal(nullptr);
+  return root.*Member;
+}
+
+template <auto Member>
+std::string EditLink(const std::string& text) {
+  WebLink link;
+  link.DisplayName = "Name";
+  link.URL = "www.example.com";
+  link.*Member = text;
+  CWebLinkDialog(link, kNoPictures).DoModal(nullptr);
+  return link.*Member;
+}
+
+std::string EditName(const std::string& text) {
+  CSchemeNameDialog dialog(text);
+  dialog.DoModal(nullptr);
+  return dialog.Name();
+}
+
+enum Order { kTellsLengthFirst, kTellsCharacterFirst };
+struct Field {
+  const char* window;
+  int id;
+  std::string (*edit)(const std::string& text);
+  std::size_t limit;
+  const char* limitMessage;
+  const char* refused = nullptr;
+  Order order = kTellsLengthFirst;
+};
+
+constexpr char k50[] = "There is a limit of 50 characters", k100[] = "There is a limit of 100 characters",
+               k255[] = "There is a limit of 255 characters";
+constexpr char kSheetNames[] = "The following characters are not allowed:\n\n< > ? / \\ : * \" |",
+               kDialogNames[] = "The following characters are not allowed:\n\n< > ? \\ / * \" | :",
+               kPaths[] = "The following characters are not allowed:\n\n< > ? / * \" |",
+               kUrls[] = "The following characters are not allowed:\n\n< > \\   * \" |";
+constexpr char kSheet[] = "Scheme", kRoot[] = "Root Properties", kLink[] = "Web Links",
+               kName[] = "Scheme Name Problem";
+constexpr Field kFields[] = {
+    {kSheet, 1036, &EditScheme<&SchemeProperties::Name>, 50, k50, kSheetNames},
+    {kSheet, 1028, &EditScheme<&SchemeProperties::Description>, 50, k50, kSheetNames},
+    {kRoot, 1036, &EditRoot<&FolderRoot::RootDisplayName>, 50, k50, kDialogNames},
+    {kRoot, 1037, &EditRoot<&FolderRoot::RootPath>, 255, k255, kPaths},
+    {kRoot, 1025, &EditRoot<&FolderRoot::LongToolTip>, 100, k100},
+    {kRoot, 1026, &EditRoot<&FolderRoot::ShortToolTip>, 50, k50},
+    {kName, 1101, &EditName, 50, k50, kDialogNames},
+    {kLink, 1036, &EditLink<&WebLink::DisplayName>, 50, k50, kSheetNames, kTellsCharacterFirst},
+    {kLink, 1088, &EditLink<&WebLink::URL>, 255, k255, kUrls, kTellsCharacterFirst},
+    {kLink, 1025, &EditLink<&WebLink::LongToolTip>, 100, k100},
+    {kLink, 1026, &EditLink<&WebLink::ShortToolTip>, 50, k50},
+};
+
+HWND FieldOf(HWND window, int id) {
+  const HWND page = PropSheet_GetCurrentPageHwnd(window);
+  return GetDlgItem(page ? page : window, id);
+}
+
+// What a text that is too long and, where the field refuses characters, holds one of them is told of.
+void ExpectBothMessages(DialogScript& script, const Field& field) {
+  const MessageStyle style = kExclamation.OwnedBy(field.window);
+  if (field.refused && field.order == kTellsCharacterFirst)
+    script.ExpectMessage(style, kRefused, field.refused);
+  script.ExpectMessage(style, kTooLong, field.limitMessage);
+  if (field.refused && field.order == kTellsLengthFirst) script.ExpectMessage(style, kRefused, field.refused);
+}
+
+TEST(TextEntry, EachFieldIsCorrectedWhoeverSetsItsText) {
+  for (const Field& field : kFields) {
+    SCOPED_TRACE(std::string(field.window) + " " + std::to_string(field.id));
+    const std::string full(field.limit, 'x');
+    const std::string text = full + (field.refused ? "yz|" : "yz");
+    DialogScript script;
+    // Typed or pasted.
+    script.Expect(field.window, [&](HWND window) {
+      const HWND edit = FieldOf(window, field.id);
+      Type(GetParent(edit), field.id, text);
+      PressOK(window);
+    });
+    ExpectBothMessages(script, field);
+    EXPECT_EQ(field.edit("short"), full);
+    // Stored, so that the window fills itself with it: told over the window, and kept until OK.
+    script.Expect(field.window, AfterItsMessages([&](HWND window) {
+                    EXPECT_EQ(WindowText(FieldOf(window, field.id)), full);
+                    PressOK(window);
+                  }));
+    ExpectBothMessages(script, field);
+    EXPECT_EQ(field.edit(text), full);
+    if (field.window == kName) continue;  // has no way out but OK
+    script.Expect(field.window, AfterItsMessages(&PressCancel));
+    ExpectBothMessages(script, field);
+    EXPECT_EQ(field.edit(text), text);
+  }
+}
+
+TEST(TextEntry, StoredTextsAreToldOneAfterTheOther) {
+  DialogScript script;
+  script.Expect(kSheet, AfterItsMessages(&PressOK));
+  script.ExpectMessage(kExclamation.OwnedBy(kSheet), kTooLong, k50);
+  script.Expect(kRefused, [](HWND box) {
+    EXPECT_EQ(FindWindowA(nullptr, kTooLong), nullptr) << "two messages at a time";
+    PressOK(box);
+  });
+  SchemeProperties scheme;
+  scheme.Name = std::string(51, 'x');
+  scheme.Description = "a*b";
+  CPage1 page(scheme);
+  ShowInSheet(page);
+  page.CopyTo(scheme);
+  EXPECT_EQ(scheme.Name + scheme.Description, std::string(50, 'x') + "ab");
+}
 
 // A dialog whose one field follows any rule.
+constexpr int kField = 1101;
 struct CRuleDialog : CDialog {
   explicit CRuleDialog(const TextRule& rule) : CDialog(IDD_SCHEME_NAME_PROBLEM), Rule(rule) {}
   void OnCommand(int id, int code) override {
@@ -25,23 +157,22 @@ struct CRuleDialog : CDialog {
   const TextRule& Rule;
 };
 
-using Told = std::vector<std::pair<std::string_view, std::string>>;
+using Told = std::vector<std::pair<const char*, std::string>>;
 
-// Pastes a text into a field. `told` are the messages with what stands in the field meanwhile.
+// Pastes a text into a field. `told` are the captions of the messages with what stands in the field
+// meanwhile.
 void Paste(const TextRule& rule, const std::string& pasted, const Told& told, const std::string& left) {
   DialogScript script;
-  script.Expect("Scheme Name Problem", [&](HWND window) {
+  script.Expect(kName, [&](HWND window) {
     Type(window, kField, pasted);
     EXPECT_EQ(ControlText(window, kField), left);
     EXPECT_EQ(SendDlgItemMessageA(window, kField, EM_GETSEL, 0, 0), MAKELONG(left.size(), left.size()));
-    Click(window, IDOK);
+    PressOK(window);
   });
-  for (const auto& [text, field] : told) {
-    const char* caption = text == kTooLong ? "Error: Text too long" : "Error: Illegal Character";
-    script.Expect(caption, [&text = text, &field = field](HWND box) {
-      EXPECT_EQ(MessageText(box), text);
+  for (const auto& [caption, field] : told) {
+    script.Expect(caption, [&field = field](HWND box) {
       EXPECT_EQ(ControlText(GetWindow(box, GW_OWNER), kField), field);
-      Click(box, IDOK);
+      PressOK(box);
     });
   }
   CRuleDialog(rule).DoModal(nullptr);

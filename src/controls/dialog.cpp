@@ -2,13 +2,15 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "controls/callback.h"
 #include "controls/window_text.h"
 
 namespace {
 
-// Posted while the dialog is filled: the text of the control wParam has changed.
-constexpr UINT kTextFilled = WM_APP + 0x2C;
+// Posted while the dialog is filled, where that has changed texts.
+constexpr UINT kTextsFilled = WM_APP + 0x2C;
 
 }  // namespace
 
@@ -54,12 +56,12 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
       return Initialise();
-    case kTextFilled:
-      OnTextFilled(static_cast<int>(wParam));
+    case kTextsFilled:
+      OnTextsFilled();
       return TRUE;
     case WM_COMMAND:
       if (!initialising_) return RouteCommand(LOWORD(wParam), HIWORD(wParam));
-      OnCommandWhileInitialising(wParam);
+      OnCommandWhileInitialising(LOWORD(wParam), HIWORD(wParam));
       return TRUE;
     case WM_NOTIFY:
       return Handled(OnNotify(*reinterpret_cast<const NMHDR*>(lParam)));
@@ -80,6 +82,7 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
 
 bool CDialog::Initialise() {
   enum { kLeaveFocus, kSetFocus, kFailed };
+  filledTexts_.clear();
   initialising_ = true;
   const int result =
       GuardCallback(int{kFailed}, [this]() -> int { return OnInitDialog() ? kSetFocus : kLeaveFocus; });
@@ -88,15 +91,19 @@ bool CDialog::Initialise() {
   return result == kSetFocus;
 }
 
-void CDialog::OnCommandWhileInitialising(WPARAM wParam) {
-  if (HIWORD(wParam) == EN_CHANGE) PostMessageA(window_, kTextFilled, LOWORD(wParam), 0);
+void CDialog::OnCommandWhileInitialising(int id, int code) {
+  if (code != EN_CHANGE) return;
+  if (filledTexts_.empty()) PostMessageA(window_, kTextsFilled, 0, 0);
+  filledTexts_.push_back(id);
 }
 
-void CDialog::OnTextFilled(int id) {
+void CDialog::OnTextsFilled() {
   // Windows shows a modal dialog when no message waits any more, which is later.
   const HWND root = GetAncestor(window_, GA_ROOT);
   if (!IsWindowVisible(root)) ShowWindow(root, SW_SHOWNORMAL);
-  OnCommand(id, EN_CHANGE);
+  // One after the other, as each may show messages.
+  for (const int id : std::exchange(filledTexts_, {}))
+    OnCommand(id, EN_CHANGE);
 }
 
 INT_PTR CDialog::RouteCommand(int id, int code) {

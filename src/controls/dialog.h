@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 // What a dialog sends on to an owner-drawn control in place of its WM_DRAWITEM: the control draws itself.
 // lParam is the DRAWITEMSTRUCT.
@@ -72,8 +73,8 @@ class CDialog {
  private:
   INT_PTR Route(UINT message, WPARAM wParam, LPARAM lParam);
   bool Initialise();
-  void OnCommandWhileInitialising(WPARAM wParam);
-  void OnTextFilled(int id);
+  void OnCommandWhileInitialising(int id, int code);
+  void OnTextsFilled();
   INT_PTR RouteCommand(int id, int code);
   void ForwardToControls(UINT message, WPARAM wParam, LPARAM lParam);
   // Hands a message's result to the system (DWLP_MSGRESULT).
@@ -82,4 +83,5 @@ class CDialog {
   const UINT templateId_;
   HWND window_ = nullptr;
   bool initialising_ = false;
+  std::vector<int> filledTexts_;  // controls whose changed texts OnCommand has yet to hear of
 };

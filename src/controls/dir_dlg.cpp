@@ -12,12 +12,12 @@ namespace {
 
 constexpr int kSelectId = 5000;
 constexpr UINT_PTR kSubclassId = 1;
-constexpr std::size_t kLongestPath = 1024;
+constexpr std::size_t kMaxPath = 1024;
 
 // No file matches ".", so that folders alone are listed.
 constexpr char kFilter[] = "Show Folders Only\0.\0";
 
-using PathBuffer = std::array<char, kLongestPath>;
+using PathBuffer = std::array<char, kMaxPath>;
 
 // "" where the place being viewed is no folder of the file system, or its path is too long.
 std::string ViewedFolder(HWND frame) {

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kLeastColumnWidth = 40;
 constexpr std::size_t kFirstCellBuffer = 512;
-constexpr std::size_t kLongestCell = 64 * 1024;
+constexpr std::size_t kMaxCellText = 64 * 1024;
 
 }  // namespace
 
@@ -51,7 +51,7 @@ void StretchListColumn(HWND list, int column) {
 
 std::string ListCellText(HWND list, int row, int column) {
   // A list view does not tell a cell's length; a text that fills the buffer may be cut.
-  for (std::size_t size = kFirstCellBuffer;; size = kLongestCell) {
+  for (std::size_t size = kFirstCellBuffer;; size = kMaxCellText) {
     std::string text(size, '\0');
     LVITEMA item{};
     item.iSubItem = column;
@@ -60,7 +60,7 @@ std::string ListCellText(HWND list, int row, int column) {
     const LRESULT length =
         SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
     text.resize(static_cast<std::size_t>(length));
-    if (text.size() + 1 < size || size == kLongestCell) return text;
+    if (text.size() + 1 < size || size == kMaxCellText) return text;
   }
 }
 

@@ -23,9 +23,9 @@ HWND ActiveMainWindow() {
 // Lets windows repaint and no more. One round at most for each window: a window that keeps itself invalid
 // must not hold the work up.
 void PaintWindows() {
-  constexpr int kMostPaints = 64;
+  constexpr int kMaxPaints = 64;
   MSG message;
-  for (int i = 0; i < kMostPaints && PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i)
+  for (int i = 0; i < kMaxPaints && PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i)
     DispatchMessageA(&message);
 }
 

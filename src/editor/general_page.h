@@ -36,7 +36,7 @@ class CPage1 : public CPropertyPage {
   void FillTabList();
   void FillViewList();
   void ToggleTab(std::size_t tab);
-  // Answers the position in the list.
+  // Returns the position in the list.
   LRESULT AppendToTabList(std::size_t tab);
   void RemoveFromTabList(std::size_t tab);
   void ChooseFirstTab();

@@ -7,6 +7,7 @@
 
 #include "controls/file_dialog.h"
 #include "controls/message.h"
+#include "controls/wait_cursor.h"
 #include "editor/icon_picker_ids.h"
 #include "editor/thumbnail.h"
 #include "resources/resource_ids.h"
@@ -15,6 +16,7 @@ CIconPicker::CIconPicker(const PictureFolders& folders, std::string stored)
     : CDialog(IDD_ICON_PICKER), folders_(folders), list_(folders), picture_(std::move(stored)) {}
 
 bool CIconPicker::OnInitDialog() {
+  const WaitCursor cursor;
   list_.Fill(Item(IDC_PICTURES), Item(IDC_PICTURE_FILE), folders_.IconsAndBitmaps(), picture_);
   return true;
 }
@@ -25,7 +27,9 @@ void CIconPicker::OnCommand(int id, int /*code*/) {
 
 LRESULT CIconPicker::OnNotify(const NMHDR& header) {
   if (header.idFrom != IDC_PICTURES) return 0;
-  if (header.code == NM_DBLCLK) OnOK();
+  const bool onPicture =
+      header.code == NM_DBLCLK && reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0;
+  if (onPicture) OnOK();
   return list_.OnNotify(header);
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "controls/list_view.h"
+#include "controls/wait_cursor.h"
 #include "editor/thumbnail.h"
 
 namespace {
@@ -21,7 +22,8 @@ int AddIcon(HIMAGELIST images, const UniqueIcon& icon) { return ImageList_AddIco
 
 std::string PictureLabel(const PictureFolders& folders, const std::string& stored) {
   if (stored.empty()) return "(no picture)";
-  return folders.FullPath(stored).empty() ? stored + " (not on this machine)" : FileNameOf(stored);
+  if (!folders.FullPath(stored).empty()) return FileNameOf(stored);
+  return stored.substr(0, kMaxPicturePath) + " (not on this machine)";
 }
 
 void CPictureList::Fill(HWND listView, HWND fileField, const std::vector<std::string>& paths,
@@ -46,8 +48,10 @@ void CPictureList::Fill(HWND listView, HWND fileField, const std::vector<std::st
 void CPictureList::SelectStored(const std::string& stored) {
   if (stored.empty()) return SelectRow(listView_, 0);
   const std::string path = folders_.FullPath(stored);
-  if (path.empty())
-    return SelectRow(listView_, Append({FileNameOf(stored) + " (missing)", "", stored, kMissingImage}));
+  if (path.empty()) {
+    const std::string label = FileNameOf(stored).substr(0, kMaxPicturePath) + " (missing)";
+    return SelectRow(listView_, Append({label, "", stored, kMissingImage}));
+  }
   Select(path);
   entries_[static_cast<std::size_t>(FindPath(path))].Stored = stored;
 }
@@ -115,6 +119,7 @@ LRESULT CPictureList::OnNotify(const NMHDR& header) {
 
 int CPictureList::ThumbnailOf(Entry& entry) {
   if (!entry.Thumbnail) {
+    const WaitCursor cursor;
     const UniqueIcon icon = LoadThumbnail(entry.Path, kLargeThumbnailSize);
     entry.Thumbnail = icon ? AddIcon(thumbnails_.Get(), icon) : kMissingImage;
   }

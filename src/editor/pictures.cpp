@@ -8,8 +8,7 @@
 
 namespace {
 
-// The functions below answer lengths up to this, without the NUL.
-constexpr std::size_t kLongestPath = MAX_PATH - 1;
+static_assert(kMaxPicturePath == MAX_PATH - 1);
 
 bool SameText(const std::string& left, const std::string& right) {
   return lstrcmpiA(left.c_str(), right.c_str()) == 0;
@@ -32,7 +31,7 @@ void AppendFiles(const std::string& folder, const char* extension, std::vector<s
     const bool usable = !(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) &&
                         name.find('?') == std::string::npos &&
                         lstrcmpiA(name.c_str() + name.rfind('.'), extension) == 0 &&
-                        folder.size() + 1 + name.size() <= kLongestPath;
+                        folder.size() + 1 + name.size() <= kMaxPicturePath;
     if (usable) paths.push_back(folder + "\\" + name);
   } while (paths.size() < kMaxPictures && FindNextFileA(find.Get(), &found));
 }
@@ -77,7 +76,7 @@ std::string PictureFolders::FindByName(const std::string& name, int folders) con
 }
 
 std::string PictureFolders::FullPath(const std::string& stored) const {
-  if (stored.empty()) return {};
+  if (stored.empty() || stored.size() > kMaxPicturePath) return {};
   if (stored.find_first_of("\\/:") == std::string::npos) return FindByName(stored, kFolderCount);
   return IsFile(stored) ? CanonicalPath(stored) : std::string();
 }

@@ -11,6 +11,9 @@
 // At most so many pictures are offered; what a folder holds beyond is not looked at.
 inline constexpr std::size_t kMaxPictures = 1000;
 
+// The longest name or path of a picture; no file has a longer one.
+inline constexpr std::size_t kMaxPicturePath = 259;
+
 // Looks at the files each time that it is asked; remembers nothing but where the folders are.
 class PictureFolders {
  public:

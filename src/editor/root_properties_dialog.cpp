@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <limits>
 
 #include "controls/dir_dlg.h"
@@ -17,8 +18,6 @@
 #include "resources/resource_ids.h"
 
 namespace {
-
-constexpr std::uint32_t kMostFolderLevels = 99;
 
 constexpr TextField<FolderRoot> kTextFields[] = {
     {IDC_ROOT_NAME, &FolderRoot::RootDisplayName, kRootNameRule},
@@ -41,10 +40,9 @@ CRootPropertiesDialog::CRootPropertiesDialog(FolderRoot& root, const PictureFold
       open_{&FolderRoot::ExpandedIconFile, IDC_OPEN_THUMBNAIL, IDC_OPEN_PICTURE, root.ExpandedIconFile, {}} {}
 
 bool CRootPropertiesDialog::OnInitDialog() {
-  SendItem(IDC_FOLDER_LEVELS_SPIN, UDM_SETRANGE32, 0, kMostFolderLevels);
-  // Not by the up-down control, which would force a stored number into its range.
+  // So that up means more; the numbers themselves go beyond the range of an up-down control.
+  SendItem(IDC_FOLDER_LEVELS_SPIN, UDM_SETRANGE32, 0, INT_MAX);
   SetItemText(IDC_FOLDER_LEVELS, std::to_string(root_.FolderLevels));
-  SendItem(IDC_FOLDER_LEVELS, EM_LIMITTEXT, std::numeric_limits<std::uint32_t>::digits10);
   CheckItem(IDC_DENY_MODIFY, root_.DenyModify != 0);
   ShowTextFields(Window(), kTextFields, root_);
   Show(closed_);
@@ -87,13 +85,23 @@ void CRootPropertiesDialog::Show(Picture& picture) {
   SetItemText(picture.NameId, PictureLabel(folders_, picture.Stored));
 }
 
-std::uint32_t CRootPropertiesDialog::FolderLevels() const {
+std::optional<std::uint32_t> CRootPropertiesDialog::FolderLevels() const {
   const std::string text = ItemText(IDC_FOLDER_LEVELS);
-  if (text == std::to_string(root_.FolderLevels)) return root_.FolderLevels;
-  // The field takes digits only, but may be empty.
+  if (text.empty()) return 0;
+  // Digits are all that can be typed, but not all that can be pasted.
   std::uint32_t levels = 0;
-  std::from_chars(text.data(), text.data() + text.size(), levels);
-  return std::min(levels, kMostFolderLevels);
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, levels);
+  return error == std::errc() && stop == end ? std::optional(levels) : std::nullopt;
+}
+
+LRESULT CRootPropertiesDialog::OnNotify(const NMHDR& header) {
+  if (header.code != UDN_DELTAPOS) return 0;
+  constexpr std::int64_t kMax = std::numeric_limits<std::uint32_t>::max();
+  const std::int64_t levels = FolderLevels().value_or(root_.FolderLevels);
+  const int step = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
+  SetItemText(IDC_FOLDER_LEVELS, std::to_string(std::clamp<std::int64_t>(levels + step, 0, kMax)));
+  return TRUE;  // the control need not count along
 }
 
 void CRootPropertiesDialog::OnOK() {
@@ -103,8 +111,14 @@ void CRootPropertiesDialog::OnOK() {
   if (pathMissing) ShowMessage(Window(), "You must enter a path for this root", "Path Error");
   if (nameMissing || pathMissing) return FocusItem(nameMissing ? IDC_ROOT_NAME : IDC_ROOT_PATH);
 
+  const std::optional<std::uint32_t> levels = FolderLevels();
+  if (!levels) {
+    ShowMessage(Window(), "The number of folder levels must be a whole number from 0 to 4294967295",
+                "Folder Levels Error");
+    return FocusItem(IDC_FOLDER_LEVELS);
+  }
   ReadTextFields(Window(), kTextFields, root_);
-  root_.FolderLevels = FolderLevels();
+  root_.FolderLevels = *levels;
   // Whatever stands for yes is kept.
   const bool deny = IsItemChecked(IDC_DENY_MODIFY);
   if (deny != (root_.DenyModify != 0)) root_.DenyModify = deny;

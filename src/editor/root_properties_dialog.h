@@ -1,6 +1,8 @@
 // Edits one folder root.
 #pragma once
 
+#include <optional>
+
 #include "controls/dialog.h"
 #include "controls/window_handles.h"
 #include "editor/pictures.h"
@@ -15,6 +17,7 @@ class CRootPropertiesDialog : public CDialog {
  protected:
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
+  LRESULT OnNotify(const NMHDR& header) override;
   void OnOK() override;
 
  private:
@@ -29,8 +32,8 @@ class CRootPropertiesDialog : public CDialog {
   void BrowseForPath();
   void Choose(Picture& picture);
   void Show(Picture& picture);
-  // The number in the field, as long as the user has not changed it as it was stored.
-  std::uint32_t FolderLevels() const;
+  // The number in the field, 0 where it is empty. Nothing where it holds anything else.
+  std::optional<std::uint32_t> FolderLevels() const;
 
   FolderRoot& root_;
   const PictureFolders& folders_;

@@ -15,24 +15,24 @@
 void ApplyTextRule(HWND dialog, int controlId, const TextRule& rule);
 
 // A row of a dialog's table of text fields: the edit control, the member that it edits, and its rule.
-template <class Record>
+template <class Item>
 struct TextField {
   int Id;
-  std::string Record::*Member;
+  std::string Item::*Member;
   const TextRule& Rule;
 };
 
-// The rows of such a table: from the record to the controls, back, and for EN_CHANGE of the control `id`.
-template <class Record, class Fields>
-void ShowTextFields(HWND dialog, const Fields& fields, const Record& record) {
-  for (const TextField<Record>& field : fields)
-    SetDlgItemTextA(dialog, field.Id, (record.*field.Member).c_str());
+// The rows of such a table: from the item to the controls, back, and for EN_CHANGE of the control `id`.
+template <class Item, class Fields>
+void ShowTextFields(HWND dialog, const Fields& fields, const Item& item) {
+  for (const TextField<Item>& field : fields)
+    SetDlgItemTextA(dialog, field.Id, (item.*field.Member).c_str());
 }
 
-template <class Record, class Fields>
-void ReadTextFields(HWND dialog, const Fields& fields, Record& record) {
-  for (const TextField<Record>& field : fields)
-    record.*field.Member = WindowText(GetDlgItem(dialog, field.Id));
+template <class Item, class Fields>
+void ReadTextFields(HWND dialog, const Fields& fields, Item& item) {
+  for (const TextField<Item>& field : fields)
+    item.*field.Member = WindowText(GetDlgItem(dialog, field.Id));
 }
 
 template <class Fields>

@@ -63,7 +63,7 @@ struct TypedText {
   bool operator==(const TypedText&) const = default;
 };
 
-// Makes one correction, if one is needed, and answers what was wrong: takes out one refused character, or, in
+// Makes one correction, if one is needed, and returns what was wrong: takes out one refused character, or, in
 // a text without any, everything beyond the limit. The caret stays where the user was typing.
 TextProblem CorrectText(const TextRule& rule, TypedText& typed);
 

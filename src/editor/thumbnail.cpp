@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr DWORD kLargestFile = 16 * 1024 * 1024;
-constexpr std::int64_t kMostPixels = 4'000'000;
+constexpr DWORD kMaxFileSize = 16 * 1024 * 1024;
+constexpr std::int64_t kMaxPixels = 4'000'000;
 
 using Pixel = std::uint32_t;  // 0xAARRGGBB
 constexpr Pixel kColour = 0x00FFFFFF;
@@ -51,16 +51,15 @@ BITMAPINFOHEADER Modernised(const BITMAPINFOHEADER& info) {
 
 // Whether all that the header speaks of lies in the file: not every loader looks.
 bool IsReasonableBitmap(const BitmapStart& start, DWORD fileSize) {
-  constexpr DWORD kMostColours = 256;
+  constexpr DWORD kMaxColours = 256;
   const BITMAPINFOHEADER info = Modernised(start.Info);
   const std::int64_t width = info.biWidth;
   const std::int64_t height = std::abs(static_cast<std::int64_t>(info.biHeight));
   const auto headers = static_cast<std::int64_t>(sizeof(BITMAPFILEHEADER)) + info.biSize;
   const std::int64_t colours = info.biClrUsed || info.biBitCount > 8 ? info.biClrUsed : 1 << info.biBitCount;
   const std::int64_t pixelBytes = static_cast<std::int64_t>(fileSize) - start.File.bfOffBits;
-  if (width <= 0 || height == 0 || width > kMostPixels || height > kMostPixels ||
-      width * height > kMostPixels || info.biBitCount > 32 || colours > kMostColours ||
-      start.File.bfOffBits < headers ||
+  if (width <= 0 || height == 0 || width > kMaxPixels || height > kMaxPixels || width * height > kMaxPixels ||
+      info.biBitCount > 32 || colours > kMaxColours || start.File.bfOffBits < headers ||
       headers + colours * static_cast<std::int64_t>(sizeof(RGBQUAD)) > fileSize)
     return false;
   switch (info.biCompression) {
@@ -83,7 +82,7 @@ PictureKind KindOf(const std::string& path) {
   const DWORD size = GetFileSize(file.Get(), nullptr);  // INVALID_FILE_SIZE is too large as well
   BitmapStart start{};
   DWORD read = 0;
-  if (size > kLargestFile || !ReadFile(file.Get(), &start, sizeof(start), &read, nullptr) ||
+  if (size > kMaxFileSize || !ReadFile(file.Get(), &start, sizeof(start), &read, nullptr) ||
       read < sizeof(start))
     return PictureKind::kNone;
   constexpr WORD kBitmapMark = 0x4D42;  // "BM"
@@ -100,7 +99,7 @@ Image LoadBitmapFile(const std::string& path) {
       LoadImageA(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION)));
   BITMAP description{};
   if (!bitmap || !GetObjectA(bitmap.Get(), sizeof(description), &description) ||
-      static_cast<std::int64_t>(description.bmWidth) * description.bmHeight > kMostPixels)
+      static_cast<std::int64_t>(description.bmWidth) * description.bmHeight > kMaxPixels)
     return {0, 0};
   Image image(description.bmWidth, description.bmHeight);
   BITMAPINFO info{};
@@ -109,10 +108,9 @@ Image LoadBitmapFile(const std::string& path) {
   info.bmiHeader.biHeight = -image.Height;
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
-  const HDC screen = GetDC(nullptr);
-  const int rows = GetDIBits(screen, bitmap.Get(), 0, static_cast<UINT>(image.Height), image.Pixels.data(),
-                             &info, DIB_RGB_COLORS);
-  ReleaseDC(nullptr, screen);
+  const WindowDc screen(nullptr);
+  const int rows = GetDIBits(screen.Get(), bitmap.Get(), 0, static_cast<UINT>(image.Height),
+                             image.Pixels.data(), &info, DIB_RGB_COLORS);
   if (rows != image.Height) return {0, 0};
   for (Pixel& pixel : image.Pixels)
     pixel = (pixel & kColour) == kMagenta ? 0 : pixel | kOpaque;

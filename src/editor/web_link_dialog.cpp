@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include "controls/message.h"
+#include "controls/wait_cursor.h"
 #include "editor/text_entry.h"
 #include "editor/web_link_dialog_ids.h"
 #include "resources/resource_ids.h"
@@ -24,6 +25,7 @@ CWebLinkDialog::CWebLinkDialog(WebLink& link, const PictureFolders& folders)
     : CDialog(IDD_WEB_LINK), link_(link), folders_(folders), pictures_(folders) {}
 
 bool CWebLinkDialog::OnInitDialog() {
+  const WaitCursor cursor;
   ShowTextFields(Window(), kTextFields, link_);
   pictures_.Fill(Item(IDC_LINK_PICTURES), Item(IDC_LINK_PICTURE_FILE), folders_.Bitmaps(), link_.IconFile);
   return true;
