@@ -31,7 +31,9 @@ bool IsPupil(const std::string& accountType) {
 }
 
 CandidateOutcome Load(const std::string& name, SchemeProperties& scheme) {
-  if (LoadSchemeProperties(name, scheme) == Outcome::kComplete) return CandidateOutcome::kLoaded;
+  const Outcome outcome = LoadSchemeProperties(name, scheme);
+  if (outcome == Outcome::kComplete) return CandidateOutcome::kLoaded;
+  if (outcome == Outcome::kFailed) return CandidateOutcome::kFailed;
   if (name.empty()) return CandidateOutcome::kNoScheme;
   return FindSchemeKey(name) == Outcome::kIncomplete ? CandidateOutcome::kMissing
                                                      : CandidateOutcome::kIncomplete;

@@ -35,6 +35,7 @@ enum class CandidateOutcome {
   kNoScheme,    // its source names none
   kMissing,     // there is no scheme of that name
   kIncomplete,  // some of the scheme's settings are missing or damaged
+  kFailed,      // the system refused to read some of them
 };
 
 struct Candidate {

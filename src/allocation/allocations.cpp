@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "allocation/account_detection.h"
+#include "base/names.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 
@@ -23,7 +24,7 @@ constexpr char kCratelingIniFolder[] = "C:\\Program Files\\Tessaly\\Crateling\\B
 constexpr char kIniSection[] = "Benchspace";
 constexpr char kNotInIni[] = "No string read";
 
-// Names in the order in which they come, none twice; case is ignored, as the registry does.
+// Names in the order in which they come, none twice as the registry compares them.
 class NameList {
  public:
   void Add(std::string name) {
@@ -33,12 +34,7 @@ class NameList {
   std::vector<std::string> Take() { return std::move(names_); }
 
  private:
-  struct Less {
-    bool operator()(const std::string& left, const std::string& right) const {
-      return lstrcmpiA(left.c_str(), right.c_str()) < 0;
-    }
-  };
-  std::set<std::string, Less> seen_;
+  std::set<std::string, NameLess> seen_;
   std::vector<std::string> names_;
 };
 
@@ -110,7 +106,7 @@ Allocation ReadAllocation(AllocationKind kind, const std::string& path, const st
   DWORD type = REG_NONE;
   DWORD size = sizeof(text);
   const LSTATUS status = SHRegGetUSValueA(path.c_str(), name.c_str(), &type, text, &size, TRUE, nullptr, 0);
-  if (status == ERROR_FILE_NOT_FOUND) return allocation;
+  if (IsMissing(status)) return allocation;
   const std::size_t length = strnlen(text, sizeof(text));
   const bool isText = type == REG_SZ || type == REG_EXPAND_SZ;
   allocation.Known = status == ERROR_SUCCESS && isText && length < sizeof(text);
@@ -118,21 +114,12 @@ Allocation ReadAllocation(AllocationKind kind, const std::string& path, const st
   return allocation;
 }
 
-std::wstring Widen(const std::string& text) {
-  const int length = static_cast<int>(text.size());
-  std::wstring wide(text.size(), L'\0');
-  wide.resize(static_cast<std::size_t>(
-      MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), static_cast<int>(wide.size()))));
-  return wide;
-}
-
 LSTATUS CreateAllocationKey(AllocationKind kind) {
   UniqueKey product;
-  const LSTATUS status = RegOpenKeyExA(HKEY_LOCAL_MACHINE, kProductKey, 0, KEY_CREATE_SUB_KEY, product.Put());
+  const LSTATUS status = OpenKey(HKEY_LOCAL_MACHINE, kProductKey, KEY_CREATE_SUB_KEY, product);
   if (status != ERROR_SUCCESS) return status;
   UniqueKey created;
-  return RegCreateKeyExA(product.Get(), KindText(kind), 0, nullptr, 0, KEY_WRITE, nullptr, created.Put(),
-                         nullptr);
+  return CreateKey(product.Get(), KindText(kind), KEY_WRITE, created);
 }
 
 }  // namespace
@@ -180,7 +167,7 @@ WriteResult WriteAllocation(AllocationKind kind, const std::string& name, const 
                             static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)), SHREGSET_FORCE_HKLM);
   };
   const LSTATUS status = write();
-  if (status != ERROR_FILE_NOT_FOUND) return ResultOf(status);
+  if (!IsMissing(status)) return ResultOf(status);
   // It writes into an existing key only.
   const LSTATUS created = CreateAllocationKey(kind);
   return ResultOf(created == ERROR_SUCCESS ? write() : created);
@@ -190,11 +177,6 @@ std::vector<std::string> SchemeNames() { return ValueNames(kSchemesKey); }
 
 WriteResult WriteConfigToUse(const std::string& scheme) {
   UniqueKey key;
-  LSTATUS status = RegCreateKeyExA(HKEY_CURRENT_USER, kProductKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                                   key.Put(), nullptr);
-  if (status == ERROR_SUCCESS) {
-    status = RegSetValueExA(key.Get(), kConfigToUse, 0, REG_SZ, reinterpret_cast<const BYTE*>(scheme.c_str()),
-                            static_cast<DWORD>(scheme.size() + 1));
-  }
-  return ResultOf(status);
+  const LSTATUS status = CreateKey(HKEY_CURRENT_USER, kProductKey, KEY_ALL_ACCESS, key);
+  return ResultOf(status == ERROR_SUCCESS ? WriteText(key.Get(), kConfigToUse, scheme) : status);
 }

@@ -37,7 +37,7 @@ std::string HelperPath(const std::string& windowsFolder, std::size_t helper) {
 WriteResult WriteHelper(const std::string& windowsFolder, std::size_t helper) {
   const std::string path = HelperPath(windowsFolder, helper);
   UniqueKey key;
-  LSTATUS status = RegOpenKeyExA(HKEY_LOCAL_MACHINE, kSettingsKey, 0, KEY_WRITE, key.Put());
+  LSTATUS status = OpenKey(HKEY_LOCAL_MACHINE, kSettingsKey, KEY_WRITE, key);
   // The size leaves the terminating NUL out, as it always has; the system adds it where the text has one.
   if (status == ERROR_SUCCESS) {
     status = RegSetValueExA(key.Get(), kAgentPath, 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),

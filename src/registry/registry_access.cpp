@@ -24,11 +24,12 @@ UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access) {
   return key;
 }
 
-UniqueKey CreateKey(HKEY root, const std::string& path, REGSAM access) {
+LSTATUS CreateKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key) {
   HKEY created = nullptr;
   const LSTATUS result = RegCreateKeyExA(root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, access,
                                          nullptr, &created, nullptr);
-  return UniqueKey(result == ERROR_SUCCESS ? created : nullptr);
+  key.Reset(result == ERROR_SUCCESS ? created : nullptr);
+  return result;
 }
 
 std::optional<std::string> ReadText(HKEY key, const std::string& name) {

@@ -14,14 +14,17 @@
 #include "registry/registry_paths.h"
 
 // Whether an error says that a key or a value is not there, and not that it could not be read.
-constexpr bool IsMissing(LSTATUS error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
+constexpr bool IsMissing(LSTATUS error) {
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+}
 
 // RegOpenKeyExA. Returns its error code, with `key` empty unless it is 0.
 [[nodiscard]] LSTATUS OpenKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key);
 // The same for callers to whom all errors are one: empty when the key cannot be opened so.
 UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access);
-// RegCreateKeyExA: opens the key, made with every missing parent. Empty when that is refused.
-UniqueKey CreateKey(HKEY root, const std::string& path, REGSAM access);
+// RegCreateKeyExA: opens the key, made with every missing parent. Returns its error code, with `key` empty
+// unless it is 0.
+[[nodiscard]] LSTATUS CreateKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key);
 
 // The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing or too
 // long.

@@ -9,5 +9,5 @@
 // Sorts as the user's language does, ignoring case (lstrcmpiA).
 void SortNames(std::vector<std::string>& names);
 
-// Where a name stands in the list, in any case. Nothing where it does not.
+// Where a name stands in the list, as the registry compares names. Nothing where it does not.
 std::optional<std::size_t> FindName(const std::vector<std::string>& names, const std::string& name);
