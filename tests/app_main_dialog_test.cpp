@@ -1,34 +1,74 @@
+#include "app/main_dialog.h"
+
 #include <windows.h>
 #include <commctrl.h>
 #include <gtest/gtest.h>
+#include <shellapi.h>
 
-#include "app/main_dialog.h"
-#include "app/main_dialog_ids.h"
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "controls/window_handles.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
+#include "support/imported_calls.h"
 #include "support/list_driver.h"
 #include "support/registry_test.h"
 #include "support/scratch_folder.h"
 
 namespace {
 
+constexpr char kTitle[] = "Kelvanstead Scheme Manager";
+const MessageStyle kOwnWarning = kWarning.OwnedBy(kTitle);
+constexpr char kDeletionQuestion[] = "Are you sure you want to delete this scheme ?";
+
+// Controls of the main window, and of the General page.
+constexpr int kList = 1021, kCreate = 1014, kDelete = 1015, kEdit = 1016, kLoad = 1034, kSave = 1035;
+constexpr int kAllocate = 1124, kHelper = 1139, kMenuHelp = 32771, kMenuAbout = 32772;
+constexpr int kGeneralName = 1036, kGeneralDescription = 1028;
+constexpr UINT kBuiltInIcon = 187, kSchemeIcon = 186;
+
 // Three schemes, one of them built in.
 constexpr char kMachine[] = R"(
   [Protected Schemes] "Staff"="" "INFANTS"=""
   [Schemes] "Infants"="For the youngest" "Juniors"=" " "Staff"="Teachers"
+  [Schemes\Infants\TabSelection] "Page1"=dword:1 "Page2"=dword:1 "Page3"=dword:1
   [Schemes\Infants\Defaults] "DefaultView"="tree1"
   [Schemes\Staff] [Schemes\Juniors]
   [Class Schemes] "1A"="INFANTS" "1B"="Juniors")";
 
+// The pixels of an image on white.
+std::vector<COLORREF> Pixels(HIMAGELIST images, int image) {
+  constexpr int kSize = 16;
+  const HDC screen = GetDC(nullptr);
+  const HDC dc = CreateCompatibleDC(screen);
+  const UniqueBitmap bitmap(CreateCompatibleBitmap(screen, kSize, kSize));
+  const HGDIOBJ old = SelectObject(dc, bitmap.Get());
+  PatBlt(dc, 0, 0, kSize, kSize, WHITENESS);
+  ImageList_Draw(images, image, dc, 0, 0, ILD_TRANSPARENT);
+  std::vector<COLORREF> pixels;
+  for (int i = 0; i < kSize * kSize; ++i)
+    pixels.push_back(GetPixel(dc, i % kSize, i / kSize));
+  SelectObject(dc, old);
+  DeleteDC(dc);
+  ReleaseDC(nullptr, screen);
+  return pixels;
+}
+
 class MainWindowTest : public RegistryTest {
  protected:
+  void SetUp() override {
+    RegistryTest::SetUp();
+    WriteTree(HKEY_LOCAL_MACHINE, kProductKey, kMachine);
+  }
+
   // Runs the main window of the machine through `use` and closes it.
   void Run(const std::function<void()>& use) {
-    WriteTree(HKEY_LOCAL_MACHINE, kProductKey, kMachine);
-    script_.Expect("Kelvanstead Scheme Manager", [&](HWND window) {
+    script_.Expect(kTitle, [&](HWND window) {
       window_ = window;
-      list_ = GetDlgItem(window, IDC_SCHEME_LIST);
+      list_ = GetDlgItem(window, kList);
       use();
       EXPECT_EQ(script_.Remaining(), 0u);
       Click(window, IDOK);
@@ -48,59 +88,155 @@ class MainWindowTest : public RegistryTest {
     return rows;
   }
 
-  // Selects a scheme, presses a button and answers the message that comes.
-  void Press(int button, const std::string& scheme, const std::string& message, int answer = 0) {
-    script_.ExpectMessage(answer ? "Scheme Deletion" : "Error", message, answer ? answer : IDOK);
-    SelectRow(list_, FindRow(list_, scheme));
-    Click(window_, button);
+  void Select(const std::string& scheme) const { SelectRow(list_, FindRow(list_, scheme)); }
+  void DoubleClickSelectedRow() const {
+    RECT row{};
+    ListView_GetItemRect(list_, SelectedRow(list_), &row, LVIR_LABEL);
+    SendMessageA(list_, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(row.left + 4, row.top + 4));
+  }
+  void Delete(const std::string& scheme, int answer) {
+    script_.ExpectMessage(kOwnWarning.WithCancel(), "Scheme Deletion", kDeletionQuestion, answer);
+    Select(scheme);
+    Click(window_, kDelete);
+  }
+  // A sheet in which a name is typed and confirmed.
+  void ExpectSheet(const char* title, const std::string& name) {
+    script_.Expect(title, [name](HWND sheet) {
+      const HWND page = PropSheet_GetCurrentPageHwnd(sheet);
+      Type(page, kGeneralName, name);
+      Type(page, kGeneralDescription, "Described");
+      Click(sheet, IDOK);
+    });
   }
 
   DialogScript script_;
   HWND window_ = nullptr, list_ = nullptr;
 };
 
-TEST_F(MainWindowTest, ListsSchemesAndDeletesTheSelectedOneOnly) {
+TEST_F(MainWindowTest, ShowsTheMachineAndEveryCommand) {
+  Run([this] {
+    const std::pair<int, const char*> texts[] = {{kCreate, "&Create"},
+                                                 {kDelete, "&Delete"},
+                                                 {kEdit, "&Edit"},
+                                                 {kLoad, "&Load from disk"},
+                                                 {kSave, "&Save to disk"},
+                                                 {kAllocate, "&Allocate Schemes"},
+                                                 {kHelper, "Choose OnScreen Hel&per"},
+                                                 {IDOK, "Close"}};
+    for (const auto& [id, text] : texts) {
+      EXPECT_TRUE(IsWindowEnabled(GetDlgItem(window_, id))) << id;
+      EXPECT_EQ(ControlText(window_, id), text);
+    }
+    EXPECT_EQ(Rows(), "1Infants 1Juniors 0Staff ") << "the built in one, compared with case";
+    EXPECT_EQ(ListCellText(list_, 0, 1), "For the youngest");
+    EXPECT_EQ(GetFocus(), list_);
+
+    const HIMAGELIST images = ListView_GetImageList(list_, LVSIL_SMALL);
+    for (const auto& [image, icon] : {std::pair{0, kBuiltInIcon}, std::pair{1, kSchemeIcon}}) {
+      const UniqueIcon loaded(static_cast<HICON>(
+          LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(icon), IMAGE_ICON, 16, 16, 0)));
+      const UniqueImageList expected(ImageList_Create(16, 16, ILC_COLOR32 | ILC_MASK, 1, 1));
+      ImageList_AddIcon(expected.Get(), loaded.Get());
+      EXPECT_EQ(Pixels(images, image), Pixels(expected.Get(), 0)) << "picture " << image;
+    }
+
+    EXPECT_EQ(GetWindowLongA(list_, GWL_STYLE) & 0x804D, 0x804D);
+    EXPECT_EQ(ListView_GetExtendedListViewStyle(list_), 0x20u);
+    const HWND header = ListView_GetHeader(list_);
+    EXPECT_FALSE(GetWindowLongA(header, GWL_STYLE) & HDS_BUTTONS) << "the headers are no buttons";
+    EXPECT_EQ(Header_GetItemCount(header), 2);
+    EXPECT_EQ(ListView_GetColumnWidth(list_, 0), 180);
+    RECT area{};
+    GetClientRect(list_, &area);
+    EXPECT_EQ(ListView_GetColumnWidth(list_, 1), area.right - 180) << "the second one fills the list";
+  });
+}
+
+TEST_F(MainWindowTest, ReportsUnreadableSchemesOnceAndDeletesTheSelectedOneOnly) {
   WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"(@="whose?" "Gone"="" "Lost"="")");
-  script_.ExpectMessage("Schemes Problem",
+  script_.ExpectMessage(kWarning, "Schemes Problem",
                         "The following scheme/s could not be read:\nGone, Lost.\n\nIt's recommended that "
                         "they are reloaded from a valid\nKelvanstead Scheme Manager configuration file.");
   Run([this] {
-    EXPECT_EQ(Rows(), "1 1Infants 1Juniors 0Staff ") << "the built in one, compared with case";
-    EXPECT_EQ(ListCellText(list_, 1, 1), "For the youngest");
-    EXPECT_EQ(GetFocus(), list_);
     const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey);
-    Click(window_, IDC_DELETE);  // nothing is selected
+    Click(window_, kDelete);  // nothing is selected
+    Click(window_, kEdit);
 
-    const std::string cannotBeEdited = "Staff is a built in scheme and cannot be edited";
-    Press(IDC_EDIT, "Staff", cannotBeEdited);
-    script_.ExpectMessage("Error", cannotBeEdited);
-    RECT row{};
-    ListView_GetItemRect(list_, SelectedRow(list_), &row, LVIR_LABEL);
-    SendMessageA(list_, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(row.left + 4, row.top + 4));
-    Press(IDC_DELETE, "",
-          "As the name of this scheme is a blank deleting it is not possible.\nPlease contact your system "
-          "administrator for help");
+    for (const bool byButton : {true, false}) {
+      script_.ExpectMessage(kOwnWarning, "Error", "Staff is a built in scheme and cannot be edited");
+      Select("Staff");
+      byButton ? Click(window_, kEdit) : DoubleClickSelectedRow();
+    }
+    script_.ExpectMessage(kOwnWarning, "Error",
+                          "As the name of this scheme is a blank deleting it is not possible.\nPlease "
+                          "contact your system administrator for help");
+    Select("");
+    Click(window_, kDelete);
     WriteTree(HKEY_LOCAL_MACHINE, kProtectedSchemesKey, R"("Juniors"="")");  // built in by now
-    Press(IDC_DELETE, "Juniors", "Juniors is a built in scheme and cannot be removed");
-    const std::string question = "Are you sure you want to delete this scheme ?";
-    Press(IDC_DELETE, "Infants", question, IDCANCEL);
+    script_.ExpectMessage(kOwnWarning, "Error", "Juniors is a built in scheme and cannot be removed");
+    Select("Juniors");
+    Click(window_, kDelete);
+    Delete("Infants", IDCANCEL);
     EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey), before);
 
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, kProtectedSchemesKey);
-    script_.ExpectMessage("Scheme Deletion", question);
+    script_.ExpectMessage(kOwnWarning.WithCancel(), "Scheme Deletion", kDeletionQuestion);
     SendMessageA(list_, WM_KEYDOWN, VK_DELETE, 0);
     EXPECT_EQ(Rows(), "1 *1Juniors 1Staff ") << "the next row is selected";
-    Press(IDC_DELETE, "Staff", question, IDOK);
+    Delete("Staff", IDOK);
     EXPECT_EQ(Rows(), "1 *1Juniors ") << "behind the last row, the one before";
   });
   ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, R"(
     [Class Schemes] "1B"="Juniors" [Schemes] @="whose?" "Gone"="" "Lost"="" "Juniors"=" " [Schemes\Juniors])");
 }
 
+TEST_F(MainWindowTest, TheListFollowsTheRegistryAfterEachCommand) {
+  Run([this] {
+    script_.Expect("Scheme Creation", [](HWND dialog) { Click(dialog, IDOK); });
+    ExpectSheet("New Scheme Properties", "Club");
+    Select("Infants");
+    Click(window_, kCreate);
+    EXPECT_EQ(Rows(), "*1Club 1Infants 1Juniors 0Staff ") << "where the registry lists it, and selected";
+
+    ExpectSheet("Existing Scheme Properties", "Year 1");
+    Select("Infants");
+    DoubleClickSelectedRow();
+    EXPECT_EQ(Rows(), "1Club 1Juniors 0Staff *1Year 1 ") << "selected under its new name";
+    EXPECT_EQ(ListCellText(list_, 3, 1), "Described");
+
+    const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kProductKey);
+    ImportedCalls calls({IMPORTED(RegOpenKeyExA)});
+    calls.FailNth(2, ERROR_ACCESS_DENIED);  // the first is that of the built-in schemes
+    Delete("Juniors", IDOK);
+    EXPECT_EQ(Rows(), "1Club *1Juniors 0Staff 1Year 1 ") << "a refused deletion is seen at once";
+    EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kProductKey), before) << "and left the allocations alone";
+  });
+  EXPECT_EQ(ReadText(HKEY_LOCAL_MACHINE, SchemeKeyPath("Year 1") + "\\Defaults", "DefaultView"), "tree1");
+}
+
+// What an edit cannot write is told, and a scheme that cannot be read is not opened.
+TEST_F(MainWindowTest, TellsWhenAnEditFailsAndShowsWhatIsStored) {
+  Run([this] {
+    ImportedCalls calls({IMPORTED(RegSetValueExA), IMPORTED(RegOpenKeyExA)});
+    for (const char* refused : {"RegSetValueExA Year 1", "RegSetValueExA DefaultView"}) {
+      calls.FailEach(refused, ERROR_ACCESS_DENIED);
+      ExpectSheet("Existing Scheme Properties", "Year 1");
+      script_.ExpectMessage(kOwnWarning, "Error",
+                            "Year 1 could not be saved completely.\nThe list shows what is stored now.");
+      Select("Infants");
+      Click(window_, kEdit);
+    }
+    EXPECT_EQ(Rows(), "1Juniors 0Staff *1Year 1 ");
+    calls.FailEach("Juniors\\ToolBars\\Page 2", ERROR_ACCESS_DENIED);
+    script_.ExpectMessage(kOwnWarning, "Error",
+                          "Juniors could not be read, so it is left as it is.\nPlease try again later.");
+    Select("Juniors");
+    Click(window_, kEdit);
+  });
+}
+
 // The main job: save, lose everything, load.
-TEST_F(MainWindowTest, HelpsAndRestoresAWipedMachineFromItsFile) {
-  WriteTree(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\KelvansteadScheme Manager",
-            R"("HelpPath"="C:\\none.htm")");
+TEST_F(MainWindowTest, RestoresAWipedMachineFromItsFile) {
   const ScratchFolder folder;
   const auto choose = [file = folder.File("schemes.ksf")](HWND dialog) {
     constexpr int kFileName = 1148;
@@ -109,23 +245,58 @@ TEST_F(MainWindowTest, HelpsAndRestoresAWipedMachineFromItsFile) {
   };
   Run([&] {
     script_.Expect("Save As", choose).Expect("Open", choose);
-    Click(window_, IDC_SAVE);
+    Click(window_, kSave);
     RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
     WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "");
-    Click(window_, IDC_LOAD);
+    Click(window_, kLoad);
     EXPECT_EQ(Rows(), "1Infants 1Juniors 0Staff ") << "the list follows without a restart";
+  });
+  EXPECT_EQ(ReadText(HKEY_LOCAL_MACHINE, SchemeKeyPath("Infants") + "\\Defaults", "DefaultView"), "tree1");
+}
 
-    script_.ExpectMessage("Help Problem",
+TEST_F(MainWindowTest, OpensTheOtherWindowsAndTheHelp) {
+  const ScratchFolder folder;
+  const std::string help = folder.File("help.htm");
+  WriteFileBytes(help, "");
+  constexpr char kProgram[] = "Software\\Tessaly\\KelvansteadScheme Manager";
+  Run([&] {
+    const auto close = [](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0); };
+    script_.Expect("User Schemes", close).Expect("Choose an OnScreen Helper", close);
+    Click(window_, kAllocate);
+    Click(window_, kHelper);
+
+    script_.ExpectMessage({.Icon = MB_ICONINFORMATION, .Beep = MB_ICONEXCLAMATION}, "Help Problem",
                           "There has been a problem locating the correct help file.\nIt is recommended you "
                           "inform your system administrator\nof this error");
     SendMessageA(window_, WM_HELP, 0, 0);
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, kProgram, "HelpPath", REG_SZ, help.c_str(),
+                    static_cast<DWORD>(help.size() + 1));
+    ImportedCalls calls({IMPORTED(ShellExecuteA)});
+    calls.FailEach("ShellExecuteA", ERROR_ACCESS_DENIED);
+    SendMessageA(window_, WM_COMMAND, kMenuHelp, 0);
+    EXPECT_EQ(calls.Lines(), (std::vector<std::string>{"ShellExecuteA open " + help}));
+
     script_.Expect("About Kelvanstead Scheme Manager", [](HWND about) {
+      EXPECT_EQ(TakeBeeps(), (std::vector<UINT>{0})) << "the default sound";
       EXPECT_TRUE(FindWindowExA(about, nullptr, "Static", "Kelvanstead Scheme Manager version 2.28.0.0"));
       Click(about, IDOK);
     });
-    SendMessageA(window_, WM_COMMAND, IDM_ABOUT, 0);
+    SendMessageA(window_, WM_COMMAND, kMenuAbout, 0);
   });
-  EXPECT_EQ(ReadText(HKEY_LOCAL_MACHINE, SchemeKeyPath("Infants") + "\\Defaults", "DefaultView"), "tree1");
+}
+
+// Without the right to write, and behind a very long list of names.
+TEST_F(MainWindowTest, NamesNoMoreUnreadableSchemesThanAMessageHolds) {
+  std::string gone;
+  for (int i = 100; i < 400; ++i)
+    gone += "\"" + std::string(200, 'x') + std::to_string(i) + "\"=\"\"\n";
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, gone);
+  script_.Expect("Schemes Problem", [](HWND box) {
+    const std::string text = MessageText(box);
+    EXPECT_NE(text.find(" and 281 more.\n\nIt's recommended"), text.npos) << text;
+    Click(box, IDOK);
+  });
+  Run([] {});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <cwchar>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "app/start_up.h"
 #include "base/unique_handle.h"
 #include "support/dialog_script.h"
+#include "support/imported_calls.h"
 #include "support/registry_test.h"
 #include "support/scratch_folder.h"
 
@@ -37,6 +39,23 @@ class StartUpTest : public RegistryTest {
   static void Set(const char* key, const char* value, const std::string& text) {
     RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, value, REG_SZ, text.c_str(),
                     static_cast<DWORD>(text.size() + 1));
+  }
+
+  // A process that never begins to run needs nothing to end it by.
+  static UniqueProcess StartSuspended(const std::string& program) {
+    STARTUPINFOA start{};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
+                               nullptr, &start, &process));
+    CloseHandle(process.hThread);
+    return UniqueProcess(process.hProcess);
+  }
+  static void End(const std::vector<UniqueProcess>& processes) {
+    for (const UniqueProcess& process : processes) {
+      TerminateProcess(process.Get(), 0);
+      WaitForSingleObject(process.Get(), INFINITE);
+    }
   }
 
   const ScratchFolder folder_;
@@ -82,7 +101,7 @@ TEST_F(StartUpTest, TheFirstRefusalEndsIt) {
     if (*item.Policy) WriteTree(HKEY_CURRENT_USER, kPolicy, item.Policy);
     DialogScript script;
     const auto& [title, text] = messages[item.Expected];
-    script.ExpectMessage(title, text);
+    script.ExpectMessage(kPlain, title, text);
     EXPECT_FALSE(CSchemeManagerApp().InitInstance());
   }
 }
@@ -103,35 +122,58 @@ TEST_F(StartUpTest, FillsInTheDefaultBitmapsAndShowsTheMainWindow) {
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
 }
 
-// Catches a count that misses the case-blind comparison, or that takes one copy for two.
-TEST_F(StartUpTest, SeesASecondCopyUnderAnyCase) {
+// Copies of another program under the name of this one, in any case.
+TEST_F(StartUpTest, SeesASecondCopyUnderEachOfItsNames) {
   char system[MAX_PATH] = "";
   GetSystemDirectoryA(system, sizeof(system));
-  const std::string copy = location_ + "\\KELVANSTEAD scheme manager.exe";
+  for (const char* name : {"KELVANSTEAD scheme manager.exe", "Kelvanstead Scheme Manager"}) {
+    const std::string copy = location_ + "\\" + name;
+    fs::copy_file(fs::path(system) / "cmd.exe", copy);
+    std::vector<UniqueProcess> copies;
+    for (const bool expected : {false, true}) {
+      copies.push_back(StartSuspended(copy));
+      EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected) << name;
+    }
+    End(copies);
+    EXPECT_FALSE(CSchemeManagerApp::IsAlreadyRunning());
+  }
+}
+
+// The window of that title may be a folder's. It is restored all the same, but not raised.
+TEST_F(StartUpTest, RestoresTheFirstCopyAndRaisesNoForeignWindow) {
+  char system[MAX_PATH] = "";
+  GetSystemDirectoryA(system, sizeof(system));
+  const std::string copy = location_ + "\\Kelvanstead Scheme Manager.exe";
   fs::copy_file(fs::path(system) / "cmd.exe", copy);
   std::vector<UniqueProcess> copies;
-  for (const bool expected : {false, true}) {
-    STARTUPINFOA start{};
-    start.cb = sizeof(start);
-    PROCESS_INFORMATION process{};
-    // A process that never begins to run needs nothing to end it by.
-    ASSERT_TRUE(CreateProcessA(copy.c_str(), nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                               nullptr, &start, &process));
-    CloseHandle(process.hThread);
-    copies.emplace_back(process.hProcess);
-    EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected);
-  }
+  copies.push_back(StartSuspended(copy));
+  copies.push_back(StartSuspended(copy));
   DialogScript script;  // a message is a fault, and closed
-  const HWND first = CreateWindowA("Static", kTitle, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, 0, 100, 100,
-                                   nullptr, nullptr, nullptr, nullptr);
+  const HWND titled = CreateWindowA("Static", kTitle, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, 0, 100, 100,
+                                    nullptr, nullptr, nullptr, nullptr);
+  ImportedCalls calls({IMPORTED(SetForegroundWindow)});
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
-  EXPECT_TRUE(IsWindowVisible(first) && !IsIconic(first)) << "only the first copy's window is shown";
-  DestroyWindow(first);
-  for (const UniqueProcess& process : copies) {
-    TerminateProcess(process.Get(), 0);
-    WaitForSingleObject(process.Get(), INFINITE);
+  EXPECT_TRUE(IsWindowVisible(titled) && !IsIconic(titled));
+  EXPECT_TRUE(calls.Lines().empty()) << "it is no window of this program";
+  DestroyWindow(titled);
+  End(copies);
+}
+
+TEST(VersionResourceTest, NamesMakerProductAndVersion) {
+  const HRSRC resource = FindResourceA(nullptr, MAKEINTRESOURCEA(1), RT_VERSION);
+  ASSERT_NE(resource, nullptr);
+  const std::wstring text(static_cast<const wchar_t*>(LockResource(LoadResource(nullptr, resource))),
+                          SizeofResource(nullptr, resource) / sizeof(wchar_t));
+  const std::pair<const wchar_t*, const wchar_t*> values[] = {{L"CompanyName", L"Tessaly"},
+                                                              {L"ProductName", L"Kelvanstead Scheme Manager"},
+                                                              {L"FileVersion", L"2.28.0.0"},
+                                                              {L"ProductVersion", L"2.28.0.0"}};
+  for (const auto& [name, value] : values) {
+    const std::size_t place = text.find(name);
+    ASSERT_NE(place, text.npos);
+    const std::size_t start = text.find_first_not_of(L'\0', place + std::wcslen(name));
+    EXPECT_STREQ(text.substr(start).c_str(), value);
   }
-  EXPECT_FALSE(CSchemeManagerApp::IsAlreadyRunning());
 }
 
 TEST_F(RegistryTest, SettingsComeFromTheirOwnKeys) {
