@@ -19,24 +19,28 @@
 namespace {
 
 constexpr char kMainWindowTitle[] = "Kelvanstead Scheme Manager";
+
+struct WindowSearch {
+  std::vector<DWORD> Processes;
+  HWND Found;
+};
+
+BOOL CALLBACK FindWindowThatTakesInput(HWND window, LPARAM parameter) {
+  auto& search = *reinterpret_cast<WindowSearch*>(parameter);
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  const bool takesInput = IsWindowVisible(window) && IsWindowEnabled(window) &&
+                          (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+  if (takesInput && std::ranges::count(search.Processes, process)) search.Found = window;
+  return search.Found == nullptr;
+}
+
 // The uppermost window of another process of this program that takes input: a dialog rather than the window
 // that it disables.
 HWND FindWindowToRaise() {
-  struct Search {
-    std::vector<DWORD> Processes;
-    HWND Found;
-  } search{ProgramProcesses(), nullptr};
+  WindowSearch search{ProgramProcesses(), nullptr};
   std::erase(search.Processes, GetCurrentProcessId());
-  const auto examine = [](HWND window, LPARAM parameter) -> BOOL {
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    const bool takesInput = IsWindowVisible(window) && IsWindowEnabled(window) &&
-                            (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
-    if (takesInput && std::ranges::count(search.Processes, process)) search.Found = window;
-    return search.Found == nullptr;
-  };
-  EnumWindows(examine, reinterpret_cast<LPARAM>(&search));
+  EnumWindows(&FindWindowThatTakesInput, reinterpret_cast<LPARAM>(&search));
   return search.Found;
 }
 
