@@ -4,9 +4,9 @@ enable_language(RC)
 add_compile_definitions(WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN STRICT)
 set(CMAKE_RC_FLAGS "--codepage=65001")
 
-# One file that imports system DLLs only, without what nobody calls.
+# One file that imports system DLLs only, without what nobody calls; the same from each build of a commit.
 add_compile_options(-ffunction-sections -fdata-sections)
-add_link_options(-static -Wl,--gc-sections)
+add_link_options(-static -Wl,--gc-sections -Wl,--no-insert-timestamp)
 
 # What both programs stand on: no window, no sound, no message.
 file(GLOB_RECURSE CORE_SOURCES CONFIGURE_DEPENDS
