@@ -1,6 +1,6 @@
-// The environment component of the sample school: an in-process COM server that tells the code of a machine whose
-// classes and users Tallowby and Benchspace know. With it the allocation window lists them; without it the scheme is a
-// setting of each user.
+// The environment component of the sample school: an in-process COM server that tells the code of a machine
+// whose classes and users Tallowby and Benchspace know. With it the allocation window lists them; without it
+// the scheme is a setting of each user.
 #include <windows.h>
 
 #include <oaidl.h>
@@ -20,7 +20,9 @@ struct Environment : IDispatch {
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return E_NOTIMPL;
+  }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
                                    UINT*) override {
     return E_NOTIMPL;
