@@ -14,8 +14,6 @@
 #include "allocation/dialog/scheme_selector_ids.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_paths.h"
-#include "resources/picture_ids.h"
-#include "resources/resource_ids.h"
 #include "support/dialog_script.h"
 #include "support/environment_component.h"
 #include "support/imported_calls.h"
@@ -195,47 +193,6 @@ DialogScript::Action ChooseScheme(int preselected, WPARAM choice, WPARAM command
   };
 }
 
-// The visible controls with their places in the client area, and its height.
-std::string Layout(HWND dialog) {
-  std::ostringstream layout;
-  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-    if (!IsWindowVisible(child)) continue;
-    RECT place;
-    GetWindowRect(child, &place);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 1);
-    layout << GetDlgCtrlID(child) << ":" << place.left << "," << place.top << " ";
-  }
-  RECT client;
-  GetClientRect(dialog, &client);
-  layout << client.bottom;
-  return layout.str();
-}
-
-std::string Columns(HWND list) {
-  std::string columns;
-  for (int i = 0; i < Header_GetItemCount(ListView_GetHeader(list)); ++i) {
-    char title[64] = "";
-    LVCOLUMNA column{};
-    column.mask = LVCF_TEXT;
-    column.pszText = title;
-    column.cchTextMax = sizeof(title);
-    SendMessageA(list, LVM_GETCOLUMNA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
-    columns += std::string(title) + " " + std::to_string(ListView_GetColumnWidth(list, i)) + ", ";
-  }
-  return columns;
-}
-
-// Whether the row of this name shows a bitmap of the program.
-bool HasPicture(HWND list, const char* name, UINT bitmapId) {
-  LVITEMA item{};
-  item.mask = LVIF_IMAGE;
-  item.iItem = FindRow(list, name);
-  SendMessageA(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-  const Canvas canvas(16, 16);
-  ImageList_Draw(ListView_GetImageList(list, LVSIL_SMALL), item.iImage, canvas.Dc.Get(), 0, 0, ILD_NORMAL);
-  return ShowsBitmap(canvas, 0, 0, bitmapId);
-}
-
 constexpr char kTitle[] = "Classes, Users and Schemes";
 constexpr char kRefused[] =
     "You do not have the rights to change these settings.\nPlease contact your system administrator for help";
@@ -246,11 +203,11 @@ TEST_F(AllocationTest, AllocatesToClassesUsersAndGroups) {
   for (const auto& [code, button] : {std::pair{3, IDCANCEL}, std::pair{6, IDOK}}) {
     const EnvironmentComponent component([code = code](LONG* out) { return *out = code, E_FAIL; });
     const auto allocate = [button = button](HWND dialog) {
-      EXPECT_EQ(Layout(dialog), "1147:11,11 1125:23,31 1124:23,65 1126:387,229 1:312,269 2:399,269 303");
+      EXPECT_EQ(LayoutOf(dialog), "1147:11,11 1125:23,31 1124:23,65 1126:387,229 1:312,269 2:399,269 303");
       EXPECT_EQ(GetWindowLongA(List(dialog), GWL_STYLE) & 0xFFFF, LVS_REPORT | LVS_SHOWSELALWAYS);
-      EXPECT_EQ(Columns(List(dialog)), "Class or User 180, Type 180, Schemes 300, ");
-      EXPECT_TRUE(HasPicture(List(dialog), "Oak", 209) && HasPicture(List(dialog), "ann", 210));
-      EXPECT_TRUE(HasPicture(List(dialog), "Pupils", IDB_USER_GROUP));
+      EXPECT_EQ(ColumnsOf(List(dialog)), "Class or User 180, Type 180, Schemes 300, ");
+      for (const auto& [name, picture] : {std::pair{"Oak", 209u}, {"ann", 210u}, {"Pupils", 211u}})
+        EXPECT_TRUE(RowShowsBitmap(List(dialog), FindRow(List(dialog), name), picture)) << name;
       EXPECT_EQ(ListCellText(List(dialog), 0, 1) + ListCellText(List(dialog), 0, 2), "Class SchemesJuniors");
       Select(dialog, {"Ash", "ben", "cy", "Pupils"});
       Click(dialog, IDC_ALLOCATION_CHANGE);
@@ -347,7 +304,7 @@ TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
     }
     DialogScript script;
     script.Expect("User Schemes", [&](HWND dialog) {
-      EXPECT_EQ(Layout(dialog), "1143:11,12 1144:23,33 1145:23,80 1023:117,77 1:399,129 163");
+      EXPECT_EQ(LayoutOf(dialog), "1143:11,12 1144:23,33 1145:23,80 1023:117,77 1:399,129 163");
       EXPECT_EQ(ControlText(dialog, IDC_CURRENT_USER_SCHEME), test.Preselected);
       if (*test.Choice) Choose(dialog, IDC_CURRENT_USER_SCHEME, test.Choice);
       Click(dialog, test.Button);

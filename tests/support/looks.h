@@ -1,13 +1,46 @@
-// What can be seen of a window: pictures of the program in it, and tooltips.
+// What can be seen of a window: where its controls stand, columns, pictures of the program, tooltips.
 #pragma once
 
 #include <windows.h>
 
 #include <commctrl.h>
 
+#include <sstream>
 #include <string>
 
 #include "controls/window_handles.h"
+
+// The visible controls in their order, each with its place in the client area, and the height of that:
+// "1:312,269 2:399,269 303".
+inline std::string LayoutOf(HWND dialog) {
+  std::ostringstream layout;
+  for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (!IsWindowVisible(child)) continue;
+    RECT place;
+    GetWindowRect(child, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 1);
+    layout << GetDlgCtrlID(child) << ":" << place.left << "," << place.top << " ";
+  }
+  RECT client;
+  GetClientRect(dialog, &client);
+  layout << client.bottom;
+  return layout.str();
+}
+
+// The columns of a list view with their widths: "Name 180, Description 180, ".
+inline std::string ColumnsOf(HWND list) {
+  std::ostringstream columns;
+  for (int i = 0; i < Header_GetItemCount(ListView_GetHeader(list)); ++i) {
+    char title[64] = "";
+    LVCOLUMNA column{};
+    column.mask = LVCF_TEXT;
+    column.pszText = title;
+    column.cchTextMax = sizeof(title);
+    SendMessageA(list, LVM_GETCOLUMNA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
+    columns << title << " " << ListView_GetColumnWidth(list, i) << ", ";
+  }
+  return columns.str();
+}
 
 // A picture in memory, black at first.
 struct Canvas {
@@ -39,6 +72,17 @@ inline bool ShowsBitmap(const Canvas& canvas, int left, int top, UINT bitmapId) 
     }
   }
   return differences == 0;
+}
+
+// Whether the small picture of a list view's row is a bitmap of the program.
+inline bool RowShowsBitmap(HWND list, int row, UINT bitmapId) {
+  LVITEMA item{};
+  item.mask = LVIF_IMAGE;
+  item.iItem = row;
+  SendMessageA(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+  const Canvas canvas(16, 16);
+  ImageList_Draw(ListView_GetImageList(list, LVSIL_SMALL), item.iImage, canvas.Dc.Get(), 0, 0, ILD_NORMAL);
+  return ShowsBitmap(canvas, 0, 0, bitmapId);
 }
 
 // The tooltip of a control, "" where there is none.
