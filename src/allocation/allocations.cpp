@@ -82,7 +82,7 @@ void AddIniNames(const std::string& file, const char* entry, NameList& names) {
       GetPrivateProfileStringA(kIniSection, entry, kNotInIni, buffer, sizeof(buffer), file.c_str());
   std::string_view text(buffer, length);
   if (text == kNotInIni) return;
-  // An answer that fills the buffer is cut, and its last name with it.
+  // A text that fills the buffer is cut, and its last name with it.
   if (length == sizeof(buffer) - 1) text = text.substr(0, text.rfind(',') + 1);
   while (!text.empty()) {
     const std::size_t comma = std::min(text.find(','), text.size());

@@ -14,5 +14,5 @@ constexpr bool IsPerUserEnvironment(int code) {
 }
 
 // Asks the environment component (CoCreateInstance). kUnknownEnvironment where the component is not
-// installed, cannot be created, throws or crashes during the call, or gives no answer.
+// installed, cannot be created, throws or crashes before it has told the code, or tells none.
 int QueryEnvironmentCode();

@@ -9,7 +9,7 @@
 
 using GetFolderPathFunction = decltype(&SHGetFolderPathA);
 
-// SHGetFolderPathA, loaded at run time: the first call of the process answers that of Shell32.dll if it has
+// SHGetFolderPathA, loaded at run time: the first call of the process returns that of Shell32.dll if it has
 // one, every other that of SHFolder.dll, which older systems have instead. Null when there is none. Valid
 // until the next call, which unloads the library of this one.
 GetFolderPathFunction GetFolderPathProc();
