@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <shellapi.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -283,6 +284,53 @@ TEST_F(MainWindowTest, OpensTheOtherWindowsAndTheHelp) {
     });
     SendMessageA(window_, WM_COMMAND, kMenuAbout, 0);
   });
+}
+
+// The page of the window where the focus is; the help as a whole where there is no such file.
+TEST_F(MainWindowTest, OpensThePageOfTheWindowByF1) {
+  const ScratchFolder folder;
+  for (const char* name : {"help.htm", "main-window.htm", "allocation.htm", "scheme-editor-general.htm",
+                           "scheme-editor-links.htm", "scheme-creation.htm"})
+    WriteFileBytes(folder.File(name), "");
+  const std::string help = folder.File("help.htm");
+  RegSetKeyValueA(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\KelvansteadScheme Manager", "HelpPath", REG_SZ,
+                  help.c_str(), static_cast<DWORD>(help.size() + 1));
+  ImportedCalls calls({IMPORTED(ShellExecuteA)});
+  calls.FailEach("ShellExecuteA", ERROR_ACCESS_DENIED);
+  const auto pressF1 = [](HWND window) {
+    HELPINFO info{};
+    info.cbSize = sizeof(info);
+    SendMessageA(window, WM_HELP, 0, reinterpret_cast<LPARAM>(&info));
+  };
+  const auto pressF1AndCancel = [&](HWND dialog) {
+    pressF1(dialog);
+    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+  };
+  std::string opened;
+  Run([&] {
+    pressF1(window_);
+    SendMessageA(window_, WM_COMMAND, kMenuHelp, 0);
+    script_.Expect("User Schemes", pressF1AndCancel);
+    Click(window_, kAllocate);
+    script_.Expect("Choose an OnScreen Helper", pressF1AndCancel);
+    Click(window_, kHelper);
+    script_.Expect("Scheme Creation", pressF1AndCancel);
+    Click(window_, kCreate);
+    script_.Expect("Existing Scheme Properties", [&](HWND sheet) {
+      pressF1(GetDlgItem(PropSheet_GetCurrentPageHwnd(sheet), kGeneralName));
+      pressF1(GetDlgItem(sheet, IDOK));
+      PropSheet_SetCurSel(sheet, nullptr, 1);
+      Click(sheet, IDHELP);
+      Click(sheet, IDCANCEL);
+    });
+    Select("Infants");
+    Click(window_, kEdit);
+    for (const std::string& line : calls.Lines())
+      opened += std::filesystem::path(line).filename().string() + ' ';
+  });
+  EXPECT_EQ(opened,
+            "main-window.htm help.htm allocation.htm help.htm scheme-creation.htm "
+            "scheme-editor-general.htm scheme-editor-general.htm scheme-editor-links.htm ");
 }
 
 // Without the right to write, and behind a very long list of names.

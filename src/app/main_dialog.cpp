@@ -158,7 +158,7 @@ void CMainDialog::OnCommand(int id, int code) {
       CHelperDialog().DoModal(Window());
       return;
     case IDM_HELP:
-      return OnHelp();
+      return OnHelp(nullptr);
     case IDM_ABOUT:
       return ShowAbout();
   }
@@ -177,7 +177,7 @@ LRESULT CMainDialog::OnNotify(const NMHDR& header) {
   return 0;
 }
 
-void CMainDialog::OnHelp() { ShowHelp(); }
+void CMainDialog::OnHelp(const char* page) { ShowHelp(page); }
 
 void CMainDialog::ShowAbout() {
   MessageBeep(0);

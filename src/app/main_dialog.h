@@ -16,7 +16,8 @@ class CMainDialog : public CDialog {
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;
-  void OnHelp() override;
+  const char* HelpPage() const override { return "main-window.htm"; }
+  void OnHelp(const char* page) override;
 
   void SetUpWindowIcons();
   void SetUpButtons();

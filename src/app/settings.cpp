@@ -16,6 +16,13 @@ namespace {
 constexpr char kProgramKey[] = "Software\\Tessaly\\KelvansteadScheme Manager";
 constexpr char kLocationKey[] = "Software\\Tessaly\\Kelvanstead Scheme Manager";
 
+bool Exists(const std::string& path) { return _access(path.c_str(), 0) == 0; }
+
+// The path of a file in the folder of another.
+std::string PathBeside(const std::string& path, const char* name) {
+  return path.substr(0, path.find_last_of("\\/") + 1) + name;
+}
+
 }  // namespace
 
 std::string GetFormatting() { return ReadText(HKEY_LOCAL_MACHINE, kProgramKey, "Formatting"); }
@@ -27,9 +34,9 @@ std::string GetUserDefinedPictures() {
 }
 std::string GetLocation() { return ReadText(HKEY_LOCAL_MACHINE, kLocationKey, "Location"); }
 
-bool ShowHelp() {
-  const std::string helpPath = ReadText(HKEY_LOCAL_MACHINE, kProgramKey, "HelpPath");
-  if (_access(helpPath.c_str(), 0) != 0) {
+bool ShowHelp(const char* page) {
+  std::string path = ReadText(HKEY_LOCAL_MACHINE, kProgramKey, "HelpPath");
+  if (!Exists(path)) {
     // The sound of a warning with the icon of an information: so it has always been.
     MessageBeep(MB_ICONEXCLAMATION);
     ShowMessage(nullptr,
@@ -39,7 +46,9 @@ bool ShowHelp() {
                 "Help Problem", MB_ICONINFORMATION);
     return false;
   }
+  const std::string pagePath = page ? PathBeside(path, page) : path;
+  if (Exists(pagePath)) path = pagePath;
   const ComApartment apartment;  // the shell may hand the file to a component
-  ShellExecuteA(nullptr, "open", helpPath.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+  ShellExecuteA(nullptr, "open", path.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
   return true;
 }

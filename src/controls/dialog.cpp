@@ -32,11 +32,11 @@ void CDialog::FocusItem(int id) {
   SendMessageA(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Item(id)), TRUE);
 }
 
-void CDialog::OnHelp() {
+void CDialog::OnHelp(const char* page) {
   HWND outermost = GetAncestor(window_, GA_ROOT);
   while (const HWND owner = GetWindow(outermost, GW_OWNER))
     outermost = owner;
-  if (outermost != window_) SendMessageA(outermost, WM_HELP, 0, 0);
+  if (outermost != window_) SendMessageA(outermost, WM_HELP, reinterpret_cast<WPARAM>(page), 0);
 }
 
 INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -66,7 +66,7 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY:
       return Handled(OnNotify(*reinterpret_cast<const NMHDR*>(lParam)));
     case WM_HELP:
-      OnHelp();
+      OnHelp(wParam ? reinterpret_cast<const char*>(wParam) : HelpPage());
       return Handled(TRUE);
     case WM_DRAWITEM:
       return Handled(SendMessageA(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem, kDrawYourself,
@@ -115,7 +115,7 @@ INT_PTR CDialog::RouteCommand(int id, int code) {
       OnCancel();
       break;
     case IDHELP:
-      OnHelp();
+      OnHelp(HelpPage());
       break;
     default:
       OnCommand(id, code);

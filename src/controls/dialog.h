@@ -37,8 +37,11 @@ class CDialog {
   virtual void OnCommand(int /*id*/, int /*code*/) {}
   // WM_NOTIFY; the result goes back to the control.
   virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
-  // F1 (WM_HELP) or the Help button. Goes on to the outermost of the owner windows, which knows the help.
-  virtual void OnHelp();
+  // The file name of the dialog's page of the help; null for the help as a whole.
+  virtual const char* HelpPage() const { return nullptr; }
+  // F1 (WM_HELP) or the Help button. Goes on to the outermost of the owner windows, which knows the help, with
+  // the page as the wParam that Windows leaves 0.
+  virtual void OnHelp(const char* page);
   // The OK button or Enter; the Cancel button, Esc or the close box.
   virtual void OnOK() { EndDialog(IDOK); }
   virtual void OnCancel() { EndDialog(IDCANCEL); }

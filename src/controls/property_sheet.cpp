@@ -6,13 +6,17 @@ namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
 
-// Hands new system colours on to the pages, which the sheet's own procedure need not do.
+// Hands new system colours on to the pages, which the sheet's own procedure need not do, and F1 on the tabs
+// and the sheet's buttons to the page that is shown.
 LRESULT CALLBACK SheetProcedure(HWND sheet, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(sheet, &SheetProcedure, kSubclassId);
   if (message == WM_SYSCOLORCHANGE || message == WM_THEMECHANGED) {
     for (HWND child = GetWindow(sheet, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
       SendMessageA(child, message, wParam, lParam);
   }
+  // Without what was pressed it is a page's own request, on its way to the owner.
+  if (message == WM_HELP && lParam)
+    return SendMessageA(PropSheet_GetCurrentPageHwnd(sheet), message, wParam, lParam);
   return DefSubclassProc(sheet, message, wParam, lParam);
 }
 
@@ -66,7 +70,7 @@ LRESULT CPropertyPage::OnNotify(const NMHDR& header) {
       sheet_->confirmed_ = false;
       return 0;
     case PSN_HELP:
-      OnHelp();
+      OnHelp(HelpPage());
       return 0;
     default:
       return 0;

@@ -14,6 +14,7 @@ class CPage3 : public CItemListPage<FolderRoot> {
   std::vector<FolderRoot> Roots;  // edited in place, whatever becomes of the sheet
 
  private:
+  const char* HelpPage() const override { return "scheme-editor-files.htm"; }
   std::string CellText(const FolderRoot& root, int column) const override;
   bool RunDialog(FolderRoot& root) override;
 

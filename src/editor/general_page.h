@@ -22,6 +22,7 @@ class CPage1 : public CPropertyPage {
   void CopyTo(SchemeProperties& scheme) const;
 
  private:
+  const char* HelpPage() const override { return "scheme-editor-general.htm"; }
   static constexpr std::size_t kTabCount = 3;
   static constexpr std::size_t kToolButtonCount = 6;
   static constexpr std::size_t kSwitchCount = 3;

@@ -16,6 +16,7 @@ class CIconPicker : public CDialog {
   const std::string& Picture() const { return picture_; }
 
  protected:
+  const char* HelpPage() const override { return "icon-picker.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;

@@ -13,6 +13,7 @@ class CPage2 : public CItemListPage<WebLink> {
   std::vector<WebLink> Links;  // edited in place, whatever becomes of the sheet
 
  private:
+  const char* HelpPage() const override { return "scheme-editor-links.htm"; }
   std::string CellText(const WebLink& link, int column) const override;
   bool RunDialog(WebLink& link) override;
 

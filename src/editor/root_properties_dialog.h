@@ -15,6 +15,7 @@ class CRootPropertiesDialog : public CDialog {
   CRootPropertiesDialog(FolderRoot& root, const PictureFolders& folders);
 
  protected:
+  const char* HelpPage() const override { return "root-properties.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;

@@ -15,6 +15,7 @@ class CSchemeCreationDialog : public CDialog {
   const std::string& Source() const { return source_; }
 
  private:
+  const char* HelpPage() const override { return "scheme-creation.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   void OnOK() override;

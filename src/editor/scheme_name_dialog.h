@@ -14,6 +14,7 @@ class CSchemeNameDialog : public CDialog {
   const std::string& Name() const { return name_; }
 
  private:
+  const char* HelpPage() const override { return "names.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   void OnOK() override;

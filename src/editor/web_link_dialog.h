@@ -12,6 +12,7 @@ class CWebLinkDialog : public CDialog {
   CWebLinkDialog(WebLink& link, const PictureFolders& folders);
 
  protected:
+  const char* HelpPage() const override { return "web-link.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;

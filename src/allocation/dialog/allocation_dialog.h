@@ -14,6 +14,7 @@ class CAllocationDialog : public CDialog {
   CAllocationDialog();
 
  protected:
+  const char* HelpPage() const override { return "allocation.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   LRESULT OnNotify(const NMHDR& header) override;

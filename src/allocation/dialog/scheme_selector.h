@@ -17,6 +17,7 @@ class CSchemeSelector : public CDialog {
   const std::string& Scheme() const { return scheme_; }
 
  protected:
+  const char* HelpPage() const override { return "allocation.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   void OnOK() override;

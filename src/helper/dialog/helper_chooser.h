@@ -20,6 +20,7 @@ class CHelperDialog : public CDialog {
   CHelperDialog();
 
  protected:
+  const char* HelpPage() const override { return "helper.htm"; }
   bool OnInitDialog() override;
   void OnCommand(int id, int code) override;
   void OnOK() override;
