@@ -1,4 +1,4 @@
-# The portable rooms on the build machine: their tests under the address and undefined-behaviour sanitizers,
+# What knows nothing of Windows, on the build machine: its tests under the address and undefined-behaviour sanitizers,
 # and a fuzzer for what comes out of a damaged scheme file.
 
 add_compile_options(-g -fno-omit-frame-pointer -fsanitize=address,undefined -fno-sanitize-recover=all)
@@ -16,6 +16,7 @@ file(GLOB PORTABLE_TESTS CONFIGURE_DEPENDS tests/portable/*.cpp)
 add_executable(portable_tests ${PORTABLE_TESTS})
 target_include_directories(portable_tests PRIVATE tests)
 target_link_libraries(portable_tests PRIVATE portable gtest_main)
+add_suites(portable_tests COMMAND ${CMAKE_BINARY_DIR}/portable_tests)
 
 file(GLOB FUZZ_SOURCES CONFIGURE_DEPENDS tests/fuzz/*.cpp)
 add_executable(fuzz_scheme_file ${FUZZ_SOURCES})

@@ -65,6 +65,9 @@ list(FILTER TEST_SOURCES EXCLUDE REGEX "/tests/fuzz/")
 add_executable(tests ${TEST_SOURCES} $<TARGET_OBJECTS:resources>)
 target_include_directories(tests PRIVATE tests)
 target_link_libraries(tests PRIVATE windows gtest_main)
+# They share one registry and one display.
+add_suites(tests COMMAND ${CMAKE_SOURCE_DIR}/tools/wine-run ${CMAKE_BINARY_DIR}/tests.exe
+  PROPERTIES RESOURCE_LOCK wine)
 
 file(GLOB BENCH_SOURCES CONFIGURE_DEPENDS bench/*.cpp)
 if(BENCH_SOURCES)

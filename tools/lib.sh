@@ -35,9 +35,18 @@ prepare_prefix() {
   touch "$WINEPREFIX/.prepared"
 }
 
-# desktop_run LIMIT PROGRAM [ARGUMENT ...]: runs inside a Wine desktop, until the limit of timeout(1) at most. Without a
-# window manager each window would otherwise wait two seconds for one.
-desktop_run() { timeout --foreground "$1" wine explorer /desktop=kelvanstead,1024x768 "${@:2}"; }
+desktop=kelvanstead,1024x768
+
+# open_desktop: lets every program of the prefix run inside one Wine desktop. Without a window manager each window would
+# otherwise wait two seconds for one, and with a desktop of its own each program one second for that.
+open_desktop() {
+  if [[ ! -e $WINEPREFIX/.desktop ]]; then
+    wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d "${desktop%,*}" /f >/dev/null
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v "${desktop%,*}" /d "${desktop#*,}" /f >/dev/null
+    touch "$WINEPREFIX/.desktop"
+  fi
+  wine explorer "/desktop=$desktop" >/dev/null 2>&1 &
+}
 
 # wait_for_window TITLE: until it stands and has had time to paint itself, or a minute is over.
 wait_for_window() {
