@@ -22,8 +22,6 @@ list(REMOVE_ITEM WINDOW_SOURCES ${CORE_SOURCES})
 list(FILTER WINDOW_SOURCES EXCLUDE REGEX "/src/(cli/|app/win_main\\.cpp$)")
 add_library(windows STATIC ${WINDOW_SOURCES})
 target_link_libraries(windows PUBLIC core comctl32 comdlg32 shell32 gdi32)
-# Until the core shows no messages any more.
-target_link_libraries(core PUBLIC windows)
 
 # Ninja does not see through an .rc file to the headers, pictures and manifest that it names.
 file(GLOB_RECURSE RESOURCE_INPUTS CONFIGURE_DEPENDS
@@ -65,6 +63,9 @@ list(FILTER TEST_SOURCES EXCLUDE REGEX "/tests/fuzz/")
 add_executable(tests ${TEST_SOURCES} $<TARGET_OBJECTS:resources>)
 target_include_directories(tests PRIVATE tests)
 target_link_libraries(tests PRIVATE windows gtest_main)
+if(TARGET ksm)
+  add_dependencies(tests ksm)
+endif()
 # They share one registry and one display.
 add_suites(tests COMMAND ${CMAKE_SOURCE_DIR}/tools/wine-run ${CMAKE_BINARY_DIR}/tests.exe
   PROPERTIES RESOURCE_LOCK wine)

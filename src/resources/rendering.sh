@@ -1,4 +1,6 @@
-# Shared by the scripts that render drawings; source it. Needs rsvg-convert, icotool and ImageMagick's convert.
+# Shared by the scripts that render drawings; source it. Installs what they need.
+
+"$(dirname "${BASH_SOURCE[0]}")/../../tools/install-packages" --drawing
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
