@@ -48,6 +48,9 @@ open_desktop() {
   wine explorer "/desktop=$desktop" >/dev/null 2>&1 &
 }
 
+# desktop_run LIMIT PROGRAM [ARGUMENT ...]: one program, in a desktop of its own, until the limit of timeout(1) at most.
+desktop_run() { timeout --foreground "$1" wine explorer "/desktop=$desktop" "${@:2}"; }
+
 # wait_for_window TITLE: until it stands and has had time to paint itself, or a minute is over.
 wait_for_window() {
   local seconds
