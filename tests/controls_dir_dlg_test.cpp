@@ -32,6 +32,13 @@ void OpenTheFirstFolderOfTheList(HWND frame) {
   PressKey(VK_RETURN);
 }
 
+void ExpectFoldersOnly(HWND frame) {
+  const HWND list = FindWindowExA(GetDlgItem(frame, kView), nullptr, WC_LISTVIEWA, nullptr);
+  EXPECT_EQ(ListView_GetItemCount(list), 1);
+  EXPECT_EQ(ListCellText(list, 0, 0), "Inner");
+  Click(frame, kSelect);
+}
+
 void GoToMyComputer(HWND frame) {
   SendMessageA(frame, WM_COMMAND, kUpOneLevel, 0);
   EXPECT_EQ(ControlText(frame, kTypedName), "");
@@ -42,6 +49,8 @@ void GoToMyComputer(HWND frame) {
 TEST(DirDlg, ReturnsTheViewedFolderWithATrailingBackslash) {
   const ScratchFolder scratch;
   CreateDirectoryA(scratch.File("Inner").c_str(), nullptr);
+  WriteFileBytes(scratch.File("File.txt"), "");
+  WriteFileBytes(scratch.File("File"), "");
   const auto before = std::filesystem::current_path();
   const struct {
     std::string initial;
@@ -51,8 +60,12 @@ TEST(DirDlg, ReturnsTheViewedFolderWithATrailingBackslash) {
       {"C:\\", &PressEnter, "C:\\"},
       {"C:\\windows", &TypeAName, "C:\\windows\\"},
       {scratch.Path(), &OpenTheFirstFolderOfTheList, scratch.File("Inner\\")},
+      {scratch.Path(), &ExpectFoldersOnly, scratch.File("")},
       {"C:\\", &GoToMyComputer, ""},
       {std::string(70'000, 'x'), &PressEsc, ""},
+      {"CON", &PressEsc, ""},
+      {"C:\\NUL", &PressEsc, ""},
+      {scratch.File("File.txt"), &PressEsc, ""},
   };
   for (const auto& [initial, act, path] : cases) {
     SCOPED_TRACE(initial.substr(0, 20));

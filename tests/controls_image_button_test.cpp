@@ -10,9 +10,11 @@
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
 #include "support/dialog_script.h"
+#include "support/looks.h"
 
 namespace {
 
+constexpr int kWidth = 110, kHeight = 120;
 constexpr int kOrdinary = 900, kImage = 901, kMenu = 902, kPicture = 903;
 constexpr LPARAM kInside = MAKELPARAM(9, 9);
 
@@ -30,8 +32,8 @@ class ImageButton : public testing::Test, protected CDialog {
     SetWindowTextA(Window(), "Host");
     const char* texts[] = {"&Ordinary", "&Image", "&Menu", ""};
     for (int i = 0; i < 4; ++i)
-      CreateWindowA("BUTTON", texts[i], WS_CHILD | WS_VISIBLE | WS_TABSTOP, 80 * i, 0, 80, 100, Window(),
-                    reinterpret_cast<HMENU>(INT_PTR{kOrdinary + i}), nullptr, nullptr);
+      CreateWindowA("BUTTON", texts[i], WS_CHILD | WS_VISIBLE | WS_TABSTOP, 80 * i, 0, kWidth, kHeight,
+                    Window(), reinterpret_cast<HMENU>(INT_PTR{kOrdinary + i}), nullptr, nullptr);
     image_.Attach(Item(kImage));
     menu_.Attach(Item(kMenu));
     menu_.SetIcon(IDI_HELP, 16);
@@ -94,6 +96,47 @@ TEST_F(ImageButton, ClicksDropsItsMenuAndIsSelectedLikeAnyButton) {
     EXPECT_TRUE(IsItemChecked(kPicture));
     CheckItem(kPicture, false);
     EXPECT_FALSE(picture_.IsSelected());
+    EndDialog(IDOK);
+  });
+  DoModal(nullptr);
+}
+
+// What a button draws of itself.
+struct Drawing : Canvas {
+  explicit Drawing(HWND button) : Canvas(kWidth, kHeight) {
+    DRAWITEMSTRUCT item{};
+    item.hwndItem = button;
+    item.hDC = Dc.Get();
+    SendMessageA(GetParent(button), WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
+  }
+  COLORREF Face() const { return GetPixel(Dc.Get(), 2, kHeight / 2); }
+  // In the middle, above the text.
+  bool Shows(UINT bitmap) const {
+    constexpr int kPictureSize = 96;
+    for (int top = 0; top + kPictureSize <= kHeight; ++top)
+      if (ShowsBitmap(*this, (kWidth - kPictureSize) / 2, top, bitmap)) return true;
+    return false;
+  }
+};
+
+TEST_F(ImageButton, ShowsThePictureOfItsStateItsTooltipAndItsColours) {
+  DialogScript script;
+  script.Expect("Host", [&](HWND) {
+    EXPECT_TRUE(Drawing(Item(kPicture)).Shows(229));
+    picture_.SetSelected(true);
+    EXPECT_TRUE(Drawing(Item(kPicture)).Shows(233));
+    EXPECT_EQ(TooltipOf(Window(), kPicture), "Selects Peedy");
+    picture_.SetTooltip("Selects another");
+    EXPECT_EQ(TooltipOf(Window(), kPicture), "Selects another");
+
+    EXPECT_EQ(Drawing(Item(kImage)).Face(), GetSysColor(COLOR_BTNFACE));
+    static COLORREF face;
+    image_.SetColour(CImageButton::kBackgroundColour, [] { return face; });
+    UpdateWindow(Item(kImage));
+    face = RGB(9, 8, 7);
+    SendMessageA(Window(), WM_SYSCOLORCHANGE, 0, 0);
+    EXPECT_TRUE(GetUpdateRect(Item(kImage), nullptr, FALSE)) << "still shows the colour of before";
+    EXPECT_EQ(Drawing(Item(kImage)).Face(), face);
     EndDialog(IDOK);
   });
   DoModal(nullptr);

@@ -3,10 +3,10 @@
 #include <tuple>
 #include <vector>
 
-#include "controls/window_handles.h"
 #include "controls/window_text.h"
 #include "editor/general_page_ids.h"
 #include "support/list_driver.h"
+#include "support/looks.h"
 
 namespace {
 
@@ -57,29 +57,16 @@ TEST(GeneralPage, FirstTabIsAPositionUntilItIsChosen) {
   }
 }
 
-// The picture of a static control is the program's bitmap of that number, whatever stands for its magenta.
-void ExpectPicture(HWND picture, UINT bitmap) {
-  ICONINFO icon{};
-  ASSERT_TRUE(GetIconInfo(reinterpret_cast<HICON>(SendMessageA(picture, STM_GETICON, 0, 0)), &icon));
-  const UniqueBitmap shown(icon.hbmColor), mask(icon.hbmMask);
-  const UniqueBitmap expected(LoadBitmapA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(bitmap)));
-  const UniqueMemoryDc left(CreateCompatibleDC(nullptr)), right(CreateCompatibleDC(nullptr));
-  const SelectedObject selectedLeft(left.Get(), shown.Get()), selectedRight(right.Get(), expected.Get());
-  int compared = 0;
-  for (int i = 0; i < 32 * 32; ++i) {
-    const COLORREF colour = GetPixel(right.Get(), i % 32, i / 32);
-    if (colour == RGB(255, 0, 255)) continue;
-    ++compared;
-    ASSERT_EQ(GetPixel(left.Get(), i % 32, i / 32), colour) << bitmap << " at " << i;
-  }
-  EXPECT_GT(compared, 100);
-}
-
 TEST(GeneralPage, EachTabHasItsPicture) {
   Confirm({}, [](HWND page) {
-    ExpectPicture(GetDlgItem(page, IDC_GENERAL_PROGRAMS_PICTURE), 221);
-    ExpectPicture(GetDlgItem(page, IDC_GENERAL_FILES_PICTURE), 224);
-    ExpectPicture(GetDlgItem(page, IDC_GENERAL_LINKS_PICTURE), 220);
+    for (const auto& [control, bitmap] : {std::pair{IDC_GENERAL_PROGRAMS_PICTURE, 221U},
+                                          {IDC_GENERAL_FILES_PICTURE, 224U},
+                                          {IDC_GENERAL_LINKS_PICTURE, 220U}}) {
+      const auto icon = reinterpret_cast<HICON>(SendDlgItemMessageA(page, control, STM_GETICON, 0, 0));
+      const Canvas canvas(32, 32);
+      DrawIconEx(canvas.Dc.Get(), 0, 0, icon, 0, 0, 0, nullptr, DI_NORMAL);
+      EXPECT_TRUE(ShowsBitmap(canvas, 0, 0, bitmap)) << bitmap;
+    }
   });
 }
 
@@ -96,67 +83,50 @@ TEST(GeneralPage, EachBoxSwitchesItsToolbarButtonsOnAndOff) {
       {1069, "Print", {.Print = 1}, {.Print = 1}},
       {1071, "Icon Size", {.Icon = 1}, {}},
   };
-  const auto click = [](int box, const char* text, bool ticked) {
-    return [=](HWND page) {
-      EXPECT_EQ(ControlText(page, box), text);
-      EXPECT_EQ(IsDlgButtonChecked(page, box), ticked ? BST_CHECKED : BST_UNCHECKED);
-      Click(page, box);
-    };
-  };
+  const ToolBarPage always{.Back = 1, .Forward = 1, .Refresh = 1, .Help = 1, .Up = 1};
   for (const auto& [box, text, first, second] : rows) {
     ToolBarPage shown = first;
-    shown.Back = shown.Forward = shown.Refresh = shown.Help = shown.Up = 1;  // always
-    const SchemeProperties on = Confirm({}, click(box, text, false));
+    shown.Back = shown.Forward = shown.Refresh = shown.Help = shown.Up = 1;
+    const auto click = [box = box, text = text](HWND page) {
+      EXPECT_EQ(ControlText(page, box), text);
+      Click(page, box);
+    };
+    const SchemeProperties on = Confirm({}, click);
     EXPECT_EQ(on.ToolBars, (std::array{shown, second, ToolBarPage{}})) << text;
-    const ToolBarPage forced{.Back = 1, .Forward = 1, .Refresh = 1, .Help = 1, .Up = 1};
-    EXPECT_EQ(Confirm(on, click(box, text, true)).ToolBars,
-              (std::array{forced, ToolBarPage{}, ToolBarPage{}}))
-        << text;
+    EXPECT_EQ(Confirm(on, click).ToolBars, (std::array{always, ToolBarPage{}, ToolBarPage{}})) << text;
   }
 }
 
-TEST(GeneralPage, EachRadioButtonSetsItsDefault) {
+TEST(GeneralPage, RadioButtonsAndListsSetTheDefaults) {
   const struct {
-    int on, off;
-    std::uint32_t SchemeDefaults::*value;
-  } rows[] = {{1136, 1137, &SchemeDefaults::Silent},
-              {1139, 1140, &SchemeDefaults::ContextMenu},
-              {1145, 1146, &SchemeDefaults::OptionsMenu}};
-  for (const auto& [on, off, value] : rows) {
-    for (const auto& [stored, clicked, expected] :
-         {std::tuple{0U, on, 1U}, {1U, off, 0U}, {2U, on, 1U}, {0U, off, 0U}}) {
-      SchemeProperties scheme, changed;
-      scheme.Defaults.*value = stored;
-      scheme = Confirm(scheme, [&, stored = stored, clicked = clicked, on = on, off = off](HWND page) {
-        EXPECT_EQ(IsDlgButtonChecked(page, stored == 1 ? on : off), BST_CHECKED);
-        EXPECT_EQ(IsDlgButtonChecked(page, stored == 1 ? off : on), BST_UNCHECKED);
-        Click(page, clicked);
-      });
-      changed.Defaults.DefaultFirstTab = 1;
-      changed.Defaults.*value = expected;
-      EXPECT_EQ(scheme.Defaults, changed.Defaults) << on;
-    }
-  }
-}
-
-TEST(GeneralPage, TheViewIsChosenByItsPlaceInTheList) {
-  for (const auto& [text, value] : {std::pair{"One Pane Tree", "tree1"},
-                                    {"Two Pane Tree", "tree2"},
-                                    {"Icon View", "icons"},
-                                    {"Details View", "details"}}) {
-    const auto choose = [text = text](HWND page) { Choose(page, IDC_GENERAL_VIEW, text); };
-    SchemeProperties scheme;
-    scheme.Tabs.Page2 = 1;
-    scheme = Confirm(scheme, choose);
-    EXPECT_EQ(scheme.Defaults.DefaultView, value);
-    Confirm(scheme, [text = text](HWND page) { EXPECT_EQ(ControlText(page, IDC_GENERAL_VIEW), text); });
+    const char* view;
+    std::vector<int> clicks;
+    SchemeDefaults expected;
+  } rows[] = {{"One Pane Tree", {1136, 1140, 1146}, {"tree1", 48, 3, 9, 1, 0, 0}},
+              {"Two Pane Tree", {1137, 1139, 1146}, {"tree2", 48, 3, 9, 0, 1, 0}},
+              {"Icon View", {1137, 1140, 1145}, {"icons", 48, 3, 9, 0, 0, 1}},
+              {"Details View", {1136, 1139, 1145}, {"details", 48, 3, 9, 1, 1, 1}}};
+  SchemeProperties scheme;
+  scheme.Tabs = {1, 1, 1};
+  scheme.Defaults = {"spiral", 48, 1, 9, 2, 2, 2};
+  for (const auto& [view, clicks, expected] : rows) {
+    scheme = Confirm(scheme, [&view = view, &clicks = clicks](HWND page) {
+      for (const int id : clicks)
+        Click(page, id);
+      Choose(page, IDC_GENERAL_TAB, "Links");
+      Choose(page, IDC_GENERAL_VIEW, view);
+    });
+    EXPECT_EQ(scheme.Defaults, expected) << view;
+    Confirm(scheme, [&view = view, &clicks = clicks](HWND page) {
+      EXPECT_EQ(ControlText(page, IDC_GENERAL_VIEW), view);
+      for (const int id : clicks)
+        EXPECT_EQ(IsDlgButtonChecked(page, id), BST_CHECKED) << id;
+    });
   }
 }
 
 TEST(GeneralPage, LeavesAloneWhatIsNotChanged) {
   SchemeProperties scheme;
-  scheme.Name = "Staff";
-  scheme.Description = "  ";
   scheme.Tabs = {1, 0, 1};
   scheme.ToolBars.fill({1, 1, 0, 0, 0, 0, 0, 1, 0, 1, 1, 0, 5, 1, 1, 5});
   for (const char* view : {"spiral", "tree1", "tree2", "icons", "details"}) {
@@ -170,7 +140,8 @@ TEST(GeneralPage, ShowsNeitherDefaultUsersNameNorABlankDescription) {
     const char *name, *description, *shownName, *shownDescription;
   } rows[] = {{"Default User", "For everybody", "", ""},
               {"default user", "For everybody", "default user", "For everybody"},
-              {"Staff", " ", "Staff", ""}};
+              {"Staff", " ", "Staff", ""},
+              {"Staff", "  ", "Staff", "  "}};
   for (const auto& row : rows) {
     SchemeProperties scheme;
     scheme.Name = row.name;

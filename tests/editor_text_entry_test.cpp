@@ -1,18 +1,14 @@
-#include "editor/text_entry.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
-#include "controls/dialog.h"
+#include "controls/window_text.h"
 #include "editor/general_page.h"
 #include "editor/root_properties_dialog.h"
 #include "editor/scheme_name_dialog.h"
 #include "editor/web_link_dialog.h"
 #include "editor_driver.h"
-#include "resources/resource_ids.h"
 #include "support/list_driver.h"
 
 namespace {
@@ -88,6 +84,7 @@ constexpr Field kFields[] = {
     {kLink, 1026, &EditLink<&WebLink::ShortToolTip>, 50, k50},
 };
 
+// Of a dialog, or of the page that a sheet shows.
 HWND FieldOf(HWND window, int id) {
   const HWND page = PropSheet_GetCurrentPageHwnd(window);
   return GetDlgItem(page ? page : window, id);
@@ -130,61 +127,38 @@ TEST(TextEntry, EachFieldIsCorrectedWhoeverSetsItsText) {
   }
 }
 
-TEST(TextEntry, StoredTextsAreToldOneAfterTheOther) {
-  DialogScript script;
-  script.Expect(kSheet, AfterItsMessages(&PressOK));
-  script.ExpectMessage(kExclamation.OwnedBy(kSheet), kTooLong, k50);
-  script.Expect(kRefused, [](HWND box) {
-    EXPECT_EQ(FindWindowA(nullptr, kTooLong), nullptr) << "two messages at a time";
-    PressOK(box);
-  });
-  SchemeProperties scheme;
-  scheme.Name = std::string(51, 'x');
-  scheme.Description = "a*b";
-  CPage1 page(scheme);
-  ShowInSheet(page);
-  page.CopyTo(scheme);
-  EXPECT_EQ(scheme.Name + scheme.Description, std::string(50, 'x') + "ab");
-}
-
-// A dialog whose one field follows any rule.
-constexpr int kField = 1101;
-struct CRuleDialog : CDialog {
-  explicit CRuleDialog(const TextRule& rule) : CDialog(IDD_SCHEME_NAME_PROBLEM), Rule(rule) {}
-  void OnCommand(int id, int code) override {
-    if (code == EN_CHANGE) ApplyTextRule(Window(), id, Rule);
-  }
-  const TextRule& Rule;
-};
-
-using Told = std::vector<std::pair<const char*, std::string>>;
-
-// Pastes a text into a field. `told` are the captions of the messages with what stands in the field
-// meanwhile.
-void Paste(const TextRule& rule, const std::string& pasted, const Told& told, const std::string& left) {
-  DialogScript script;
-  script.Expect(kName, [&](HWND window) {
-    Type(window, kField, pasted);
-    EXPECT_EQ(ControlText(window, kField), left);
-    EXPECT_EQ(SendDlgItemMessageA(window, kField, EM_GETSEL, 0, 0), MAKELONG(left.size(), left.size()));
-    PressOK(window);
-  });
-  for (const auto& [caption, field] : told) {
-    script.Expect(caption, [&field = field](HWND box) {
-      EXPECT_EQ(ControlText(GetWindow(box, GW_OWNER), kField), field);
-      PressOK(box);
-    });
-  }
-  CRuleDialog(rule).DoModal(nullptr);
-}
-
 TEST(TextEntry, TellsAndCorrectsInTheOrderOfTheField) {
-  Paste(kSchemeNameRule, "a*b?c", {{kRefused, "abc"}, {kRefused, "abc"}}, "abc");
-  Paste(kLinkNameRule, "a*b?c", {{kRefused, "a*b?c"}, {kRefused, "a*bc"}}, "abc");
-  // One excess, one message, told while the text is still too long.
   const std::string fifty(50, 'x');
-  Paste(kSchemeNameRule, fifty + "yz*", {{kTooLong, fifty + "yz"}, {kRefused, fifty}}, fifty);
-  Paste(kLinkNameRule, fifty + "yz*", {{kRefused, fifty + "yz*"}, {kTooLong, fifty + "yz"}}, fifty);
+  const struct {
+    const Field& field;
+    std::string pasted;
+    std::vector<std::pair<const char*, std::string>> told;  // with what stands in the field meanwhile
+    std::string left;
+  } rows[] = {
+      {kFields[0], "a*b?c", {{kRefused, "abc"}, {kRefused, "abc"}}, "abc"},
+      {kFields[7], "a*b?c", {{kRefused, "a*b?c"}, {kRefused, "a*bc"}}, "abc"},
+      // One excess, one message, told while the text is still too long.
+      {kFields[0], fifty + "yz*", {{kTooLong, fifty + "yz"}, {kRefused, fifty}}, fifty},
+      {kFields[7], fifty + "yz*", {{kRefused, fifty + "yz*"}, {kTooLong, fifty + "yz"}}, fifty},
+  };
+  for (const auto& [field, pasted, told, left] : rows) {
+    HWND edit = nullptr;
+    DialogScript script;
+    script.Expect(field.window, [&, &field = field, &pasted = pasted, &left = left](HWND window) {
+      edit = FieldOf(window, field.id);
+      Type(GetParent(edit), field.id, pasted);
+      EXPECT_EQ(WindowText(edit), left);
+      EXPECT_EQ(SendMessageA(edit, EM_GETSEL, 0, 0), MAKELONG(left.size(), left.size())) << "the caret";
+      PressOK(window);
+    });
+    for (const auto& [caption, text] : told) {
+      script.Expect(caption, [&edit, &text = text](HWND box) {
+        EXPECT_EQ(WindowText(edit), text);
+        PressOK(box);
+      });
+    }
+    field.edit("");
+  }
 }
 
 }  // namespace
