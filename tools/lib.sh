@@ -6,7 +6,7 @@ die() { printf '%s\n' "$*" >&2; exit 1; }
 
 # use_prefix NAME: lets Wine work in a prefix of the project's own.
 use_prefix() {
-  export WINEPREFIX=$root/build/wine/$1 WINEARCH=win64 WINEDEBUG=${WINEDEBUG--all} WINEDLLOVERRIDES='mscoree,mshtml='
+  export WINEPREFIX=$root/build/wine/$1 WINEARCH=${WINEARCH-win64} WINEDEBUG=${WINEDEBUG--all} WINEDLLOVERRIDES='mscoree,mshtml='
   mkdir -p "$WINEPREFIX"
 }
 
