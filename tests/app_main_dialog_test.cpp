@@ -342,6 +342,7 @@ TEST_F(MainWindowTest, NamesNoMoreUnreadableSchemesThanAMessageHolds) {
   script_.Expect("Schemes Problem", [](HWND box) {
     const std::string text = MessageText(box);
     EXPECT_NE(text.find(" and 281 more.\n\nIt's recommended"), text.npos) << text;
+    EXPECT_EQ(TakeBeeps(), std::vector<UINT>{MB_ICONEXCLAMATION});
     Click(box, IDOK);
   });
   Run([] {});

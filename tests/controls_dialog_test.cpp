@@ -48,6 +48,7 @@ TEST(Dialog, StopsWhateverIsThrownAndEndsWhenItCannotBeFilled) {
     });
     EXPECT_EQ(TestDialog().DoModal(nullptr), IDOK);
     EXPECT_EQ(TestDialog(kind).DoModal(nullptr), -1);
+    EXPECT_EQ(TakeBeeps(), std::vector<UINT>{MB_ICONERROR});
   }
 }
 
@@ -137,6 +138,7 @@ TEST(PropertySheet, ItsPagesConfirmAndCancelItAndFailWithIt) {
   unfilled.FailsToFill = true;
   script.Expect(kTitle, [](HWND) {});
   EXPECT_EQ(ShowSheet(nullptr, unfilled), IDCANCEL);
+  EXPECT_EQ(TakeBeeps(), std::vector<UINT>{MB_ICONERROR});
 
   TestPage failing;
   failing.FailuresToApply = 1;
@@ -144,6 +146,7 @@ TEST(PropertySheet, ItsPagesConfirmAndCancelItAndFailWithIt) {
     Click(sheet, IDOK);
     Pump();
     EXPECT_TRUE(IsWindowVisible(sheet)) << "what was entered is not taken over yet";
+    EXPECT_EQ(TakeBeeps(), std::vector<UINT>{MB_ICONERROR});
     Click(sheet, IDOK);
   });
   EXPECT_EQ(ShowSheet(nullptr, failing), IDOK);

@@ -205,10 +205,12 @@ std::vector<UINT> TakeBeeps() { return g_watch->TakeBeeps(); }
 DialogScript::DialogScript(Place place) : place_(place) { g_watch->Follow(this); }
 
 DialogScript::~DialogScript() {
-  for (const Step& step : steps_) {
-    if (!abandoned_) FailAt(step.place, "the dialog \"" + step.title + "\" never came");
-  }
+  const bool hasBeeped = !TakeBeeps().empty();
   g_watch->Follow(nullptr);
+  if (abandoned_) return;
+  for (const Step& step : steps_)
+    FailAt(step.place, "the dialog \"" + step.title + "\" never came");
+  if (hasBeeped) FailAt(place_, "a beep that nobody expected, behind this step");
 }
 
 DialogScript& DialogScript::Expect(std::string title, Action action, Place place) {
@@ -341,15 +343,6 @@ DialogScript& DialogScript::ExpectMessage(const MessageStyle& style, std::string
     EXPECT_EQ(MessageText(box), text);
     EXPECT_EQ(Describe(StyleOf(box)), Describe(style));
     EXPECT_EQ(style.Owner ? "" : UsableBeside(box), "") << "every window waits for a box without an owner";
-    Click(box, button);
-  };
-  return Expect(std::move(title), answer, place);
-}
-
-DialogScript& DialogScript::ExpectMessage(std::string title, std::string text, int button, Place place) {
-  const auto answer = [text = std::move(text), button](HWND box) {
-    EXPECT_EQ(MessageText(box), text);
-    TakeBeeps();
     Click(box, button);
   };
   return Expect(std::move(title), answer, place);

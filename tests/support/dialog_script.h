@@ -13,8 +13,8 @@
 // Nothing is left open. A dialog that nobody expected, with or without a script, is a failure of the running
 // test and is closed. So is a dialog that a failed step leaves open, or in which nothing happens for ten
 // seconds. From then on the script closes every dialog that opens; where they keep coming all the same, the
-// process ends. A step that never came is a failure when the script ends. Each failure tells the line of the
-// step that it belongs to.
+// process ends. A step that never came is a failure when the script ends, and so is a beep that no message
+// and no TakeBeeps asked for. Each failure tells the line of the step that it belongs to.
 #pragma once
 
 #include <windows.h>
@@ -56,9 +56,6 @@ class DialogScript {
   // A message box of exactly this style and text; answers it with the button.
   DialogScript& ExpectMessage(const MessageStyle& style, std::string title, std::string text,
                               int button = IDOK, Place place = Place::current());
-  // The same for tests that do not state the style yet.
-  DialogScript& ExpectMessage(std::string title, std::string text, int button = IDOK,
-                              Place place = Place::current());
 
   // Steps that have not come yet.
   std::size_t Remaining() const { return steps_.size(); }
