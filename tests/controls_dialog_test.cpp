@@ -122,7 +122,7 @@ TEST(Dialog, AnswersHelpAtTheOutermostWindow) {
   DestroyWindow(main);
 }
 
-TEST(PropertySheet, ItsPagesConfirmAndCancelItAndFailWithIt) {
+TEST(PropertySheets, ItsPagesConfirmAndCancelItAndFailWithIt) {
   const auto command = [](int id) {
     return [id](HWND sheet) {
       SendMessageA(PropSheet_GetCurrentPageHwnd(sheet), WM_COMMAND, static_cast<WPARAM>(id), 0);
@@ -152,7 +152,7 @@ TEST(PropertySheet, ItsPagesConfirmAndCancelItAndFailWithIt) {
   EXPECT_EQ(ShowSheet(nullptr, failing), IDOK);
 }
 
-TEST(PropertySheet, HandsNewColoursOnToTheControlsOfItsPages) {
+TEST(PropertySheets, HandsNewColoursOnToTheControlsOfItsPages) {
   TestPage page;
   DialogScript script;
   script.Expect(kTitle, [](HWND sheet) {

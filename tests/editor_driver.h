@@ -10,16 +10,19 @@
 
 inline const PictureFolders kNoPictures{"", "", ""};
 
+inline DialogScript::Action g_waitingAction;
+
+inline void CALLBACK ActOnceItCanBeUsed(HWND window, UINT, UINT_PTR timer, DWORD) {
+  if (!IsWindowEnabled(window)) return;
+  KillTimer(window, timer);
+  std::exchange(g_waitingAction, {})(window);
+}
+
 // A step for a window over which messages come as soon as it is there: acts once they are gone.
 inline DialogScript::Action AfterItsMessages(DialogScript::Action act) {
   return [act = std::move(act)](HWND window) {
-    static DialogScript::Action waiting;
-    waiting = act;
-    SetTimer(window, 1, USER_TIMER_MINIMUM, [](HWND timed, UINT, UINT_PTR id, DWORD) {
-      if (!IsWindowEnabled(timed)) return;
-      KillTimer(timed, id);
-      std::exchange(waiting, {})(timed);
-    });
+    g_waitingAction = act;
+    SetTimer(window, 1, USER_TIMER_MINIMUM, &ActOnceItCanBeUsed);
   };
 }
 
