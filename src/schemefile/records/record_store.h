@@ -30,7 +30,7 @@ class RecordStore {
   // Empties the list. The read cursor stays where it is.
   void ClearRecordStore();
   void ResetReadCursor() { readCursor_ = 0; }
-  // Makes `records` a copy of the store's records, in order. Answers their number.
+  // Makes `records` a copy of the store's records, in order. Returns their number.
   std::size_t FlushRecordStore(RecordList& records) const;
 
   // Replaces the store's records by those of a file and sets the read cursor to 0.
@@ -51,7 +51,7 @@ class RecordStore {
     std::uint32_t Position = 0;
   };
 
-  // The record that a look-up answers; an empty one when there is none. Moves the cursor.
+  // The record that a look-up returns; an empty one when there is none. Moves the cursor.
   SchemeRecord Find(std::string_view key1, std::string_view key2);
   // The slot of a record with these keys, or the free one where it belongs.
   Slot& FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2);
