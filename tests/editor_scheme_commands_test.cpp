@@ -53,6 +53,7 @@ class SchemeCommandsTest : public RegistryTest {
     for (const char* name : names) {
       script_.Expect("Scheme Name Problem", [name](HWND dialog) {
         SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_TRUE(IsWindowVisible(dialog)) << "there is no way out but OK";
         Type(dialog, IDC_NEW_SCHEME_NAME, name);
         Click(dialog, IDOK);
       });

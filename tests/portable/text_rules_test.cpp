@@ -31,7 +31,7 @@ TEST(TextRules, EachFieldRefusesItsCharactersInOrderThenCutsTheRest) {
     EXPECT_EQ(Correct(rule, typed), removed);
     typed = {full, limit};
     EXPECT_EQ(Correct(rule, typed), "") << limit;
-    typed = {full + "yz" + removed, limit + 1};
+    typed = {full + "y" + removed, limit + 1};
     EXPECT_EQ(Correct(rule, typed), removed + "y");
     EXPECT_EQ(typed, (TypedText{full, limit}));
   }
