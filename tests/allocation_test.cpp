@@ -161,7 +161,7 @@ TEST_F(AllocationTest, ReadsClassesAndUsers) {
   }
   // Outside the NT family other places count.
   WriteTree(HKEY_LOCAL_MACHINE, kTessaly,
-            "[Tallowby\\Logon\\Passwords] @=\"\" \"" + std::string(260, 'z') +
+            "[Tallowby\\Logon\\Passwords] @=\"\" \"" + std::string(260, 'b') +
                 "\"=\"\" \"ann\"=hex(3):00 ff \"eve\"=\"" + std::string(1000, 's') + "\"");
   WriteIni("Crateling", "Benchspace.ini", "Default Class=Oak");
   EXPECT_EQ(Read(false), "Class Schemes: Oak Juniors, User Schemes: ann Gone, User Schemes: eve , ");

@@ -133,13 +133,20 @@ TEST_F(HelperTest, ShowsThePicturesAndTooltips) {
   CHelperDialog().DoModal(nullptr);
 }
 
+HRESULT WINAPI KnowNoFolder(HWND, int, HANDLE, DWORD, LPSTR) { return E_FAIL; }
+FARPROC WINAPI FindKnowNoFolder(HMODULE, LPCSTR) {
+  return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(&KnowNoFolder));
+}
+
 TEST(Helper, FindsTheWindowsFolderThroughShell32OnlyTheFirstTime) {
   ImportedCalls calls({IMPORTED(LoadLibraryA)});
   calls.FailEach("LoadLibraryA", ERROR_MOD_NOT_FOUND);
   EXPECT_EQ(WindowsFolder(), "") << "without any library";
   calls.FailEach("", 0);
-  for (int i = 0; i < 3; ++i)
+  for (int i = 0; i < 2; ++i)
     EXPECT_EQ(WindowsFolder(), getenv("windir"));
+  const Diversion diversion("GetProcAddress", reinterpret_cast<void*>(&FindKnowNoFolder));
+  EXPECT_EQ(WindowsFolder(), "C:\\Windows") << "of a library that does not know it";
   const std::vector<std::string> loaded(calls.Lines().end() - 3, calls.Lines().end());
   EXPECT_EQ(loaded, (std::vector<std::string>{"LoadLibraryA Shell32.dll", "LoadLibraryA SHFolder.dll",
                                               "LoadLibraryA SHFolder.dll"}));
