@@ -2,9 +2,20 @@
 
 #include <array>
 
-#include "controls/working_folder.h"
-
 namespace {
+
+// Puts the working folder of the process back, which is the pictures folder on purpose. The dialogs change it
+// while the user browses; OFN_NOCHANGEDIR does not keep the one that opens files from it.
+class WorkingFolderKeeper {
+ public:
+  WorkingFolderKeeper() { GetCurrentDirectoryA(sizeof(folder_), folder_); }
+  ~WorkingFolderKeeper() { SetCurrentDirectoryA(folder_); }
+  WorkingFolderKeeper(const WorkingFolderKeeper&) = delete;
+  WorkingFolderKeeper& operator=(const WorkingFolderKeeper&) = delete;
+
+ private:
+  char folder_[MAX_PATH] = "";
+};
 
 bool IsFolder(const std::string& path) {
   if (path.size() >= MAX_PATH) return false;

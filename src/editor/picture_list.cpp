@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/names.h"
 #include "controls/list_view.h"
 #include "controls/wait_cursor.h"
 #include "editor/thumbnail.h"
@@ -72,7 +73,7 @@ int CPictureList::Append(Entry entry) {
 
 int CPictureList::FindPath(const std::string& path) const {
   const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-    return !entry.Path.empty() && lstrcmpiA(entry.Path.c_str(), path.c_str()) == 0;
+    return !entry.Path.empty() && IsSameName(entry.Path, path);
   });
   return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
 }

@@ -4,15 +4,12 @@
 
 #include <algorithm>
 
+#include "base/names.h"
 #include "base/unique_handle.h"
 
 namespace {
 
 static_assert(kMaxPicturePath == MAX_PATH - 1);
-
-bool SameText(const std::string& left, const std::string& right) {
-  return lstrcmpiA(left.c_str(), right.c_str()) == 0;
-}
 
 bool IsFile(const std::string& path) {
   const DWORD attributes = GetFileAttributesA(path.c_str());
@@ -30,12 +27,13 @@ void AppendFiles(const std::string& folder, const char* extension, std::vector<s
     // cannot be named in a scheme.
     const bool usable = !(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) &&
                         name.find('?') == std::string::npos &&
-                        lstrcmpiA(name.c_str() + name.rfind('.'), extension) == 0 &&
+                        IsSameName(name.substr(std::min(name.rfind('.'), name.size())), extension) &&
                         folder.size() + 1 + name.size() <= kMaxPicturePath;
     if (usable) paths.push_back(folder + "\\" + name);
   } while (paths.size() < kMaxPictures && FindNextFileA(find.Get(), &found));
 }
 
+// As the user's language sorts them.
 void SortByName(std::vector<std::string>& paths) {
   std::sort(paths.begin(), paths.end(), [](const std::string& left, const std::string& right) {
     return lstrcmpiA(FileNameOf(left).c_str(), FileNameOf(right).c_str()) < 0;
@@ -62,8 +60,9 @@ PictureFolders::PictureFolders(const std::string& defaults, const std::string& u
                                const std::string& icons)
     : folders_{CanonicalPath(defaults), CanonicalPath(userDefined), CanonicalPath(icons)} {
   // A folder that is set twice is looked at once.
-  if (SameText(folders_[kUserDefined], folders_[kDefaults])) folders_[kUserDefined].clear();
-  if (SameText(folders_[kIcons], folders_[kDefaults]) || SameText(folders_[kIcons], folders_[kUserDefined]))
+  if (IsSameName(folders_[kUserDefined], folders_[kDefaults])) folders_[kUserDefined].clear();
+  if (IsSameName(folders_[kIcons], folders_[kDefaults]) ||
+      IsSameName(folders_[kIcons], folders_[kUserDefined]))
     folders_[kIcons].clear();
 }
 
@@ -84,7 +83,7 @@ std::string PictureFolders::FullPath(const std::string& stored) const {
 std::string PictureFolders::StoredName(const std::string& path) const {
   const std::string canonical = CanonicalPath(path);
   const std::string name = FileNameOf(canonical);
-  return SameText(FindByName(name, kIcons), canonical) ? name : canonical;
+  return IsSameName(FindByName(name, kIcons), canonical) ? name : canonical;
 }
 
 std::vector<std::string> PictureFolders::Bitmaps() const {
