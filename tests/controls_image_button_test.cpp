@@ -10,6 +10,7 @@
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
 #include "support/dialog_script.h"
+#include "support/imported_calls.h"
 #include "support/looks.h"
 
 namespace {
@@ -103,8 +104,9 @@ TEST_F(ImageButton, ClicksDropsItsMenuAndIsSelectedLikeAnyButton) {
 
 // What a button draws of itself.
 struct Drawing : Canvas {
-  explicit Drawing(HWND button) : Canvas(kWidth, kHeight) {
+  explicit Drawing(HWND button, UINT state = 0) : Canvas(kWidth, kHeight) {
     DRAWITEMSTRUCT item{};
+    item.itemState = state;
     item.hwndItem = button;
     item.hDC = Dc.Get();
     SendMessageA(GetParent(button), WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
@@ -137,6 +139,25 @@ TEST_F(ImageButton, ShowsThePictureOfItsStateItsTooltipAndItsColours) {
     SendMessageA(Window(), WM_SYSCOLORCHANGE, 0, 0);
     EXPECT_TRUE(GetUpdateRect(Item(kImage), nullptr, FALSE)) << "still shows the colour of before";
     EXPECT_EQ(Drawing(Item(kImage)).Face(), face);
+    EndDialog(IDOK);
+  });
+  DoModal(nullptr);
+}
+
+BOOL WINAPI HighContrast(UINT, UINT, void* contrast, UINT) {
+  static_cast<HIGHCONTRASTA*>(contrast)->dwFlags = HCF_HIGHCONTRASTON;
+  return TRUE;
+}
+
+TEST_F(ImageButton, ShowsTheFocusOnAnyGroundInHighContrast) {
+  DialogScript script;
+  script.Expect("Host", [&](HWND) {
+    image_.SetColour(CImageButton::kTextColour, [] { return RGB(1, 2, 3); });
+    SendMessageA(Window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
+    const Diversion contrast("SystemParametersInfoA", reinterpret_cast<void*>(&HighContrast));
+    const Drawing resting(Item(kImage)), focused(Item(kImage), ODS_FOCUS);
+    EXPECT_EQ(GetPixel(resting.Dc.Get(), 3, 60), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(GetPixel(focused.Dc.Get(), 3, 60), GetSysColor(COLOR_BTNTEXT));
     EndDialog(IDOK);
   });
   DoModal(nullptr);

@@ -5,7 +5,7 @@
 namespace {
 
 enum Column { kName, kPath, kLevels, kMayChange };
-constexpr ListColumn kColumns[] = {{"Name", 30}, {"Path", 0}, {"Levels", 17}, {"Changes", 20}};
+constexpr ListColumn kColumns[] = {{"Name", 28}, {"Path", 0}, {"Levels", 17}, {"Changes", 22}};
 constexpr ItemListTexts kTexts{"Files and Folders", "&Folders:", kColumns};
 
 }  // namespace
