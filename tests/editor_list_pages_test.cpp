@@ -12,6 +12,7 @@
 #include "editor/web_link_dialog_ids.h"
 #include "editor_driver.h"
 #include "support/list_driver.h"
+#include "support/looks.h"
 #include "support/picture_machine.h"
 
 namespace {
@@ -169,17 +170,21 @@ TEST_F(ListPages, LinksKeepTheirPicture) {
   AddPicture("Default\\A.bmp");
   const std::string b = AddPicture("User\\B.bmp"), elsewhere = AddPicture("Elsewhere\\D.bmp");
   const std::string endless(70'000, 'x');
+  constexpr COLORREF kFrame = 0, kCross = RGB(0xC0, 0, 0), kPicture = RGB(0xFF, 0, 0);
   const struct {
-    std::string stored, shown, file, chosen, expected;
+    std::string stored, shown, file;
+    COLORREF middle;  // of the picture shown
+    std::string chosen, expected;
   } cases[] = {
-      {"", "(no picture)", "(no picture)", "B.bmp", "B.bmp"},
-      {"a.BMP", "A.bmp", PicturePath("Default\\A.bmp"), "A.bmp", "a.BMP"},
-      {"A.bmp", "A.bmp", PicturePath("Default\\A.bmp"), "(no picture)", ""},
-      {"Gone.bmp", "Gone.bmp (missing)", "Gone.bmp (not on this machine)", "Gone.bmp (missing)", "Gone.bmp"},
-      {elsewhere, "D.bmp", elsewhere, "D.bmp", elsewhere},
-      {b, "B.bmp", b, "B.bmp", b},
+      {"", "(no picture)", "(no picture)", kFrame, "B.bmp", "B.bmp"},
+      {"a.BMP", "A.bmp", PicturePath("Default\\A.bmp"), kPicture, "A.bmp", "a.BMP"},
+      {"A.bmp", "A.bmp", PicturePath("Default\\A.bmp"), kPicture, "(no picture)", ""},
+      {"Gone.bmp", "Gone.bmp (missing)", "Gone.bmp (not on this machine)", kCross, "Gone.bmp (missing)",
+       "Gone.bmp"},
+      {elsewhere, "D.bmp", elsewhere, kPicture, "D.bmp", elsewhere},
+      {b, "B.bmp", b, kPicture, "B.bmp", b},
       {endless, endless.substr(0, 259) + " (missing)", endless.substr(0, 259) + " (not on this machine)",
-       endless.substr(0, 259) + " (missing)", endless}};
+       kCross, endless.substr(0, 259) + " (missing)", endless}};
   DialogScript script;
   for (const auto& each : cases) {
     WebLink link{"Name", "www.example.com", each.stored, "", "", ""};
@@ -187,6 +192,14 @@ TEST_F(ListPages, LinksKeepTheirPicture) {
       const HWND list = GetDlgItem(dialog, IDC_LINK_PICTURES);
       EXPECT_EQ(ListCellText(list, SelectedRow(list), 0), each.shown);
       EXPECT_EQ(ControlText(dialog, IDC_LINK_PICTURE_FILE), each.file);
+      LVITEMA item{};
+      item.mask = LVIF_IMAGE;
+      item.iItem = SelectedRow(list);
+      SendMessageA(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
+      const Canvas canvas(48, 48);
+      ImageList_Draw(ListView_GetImageList(list, LVSIL_NORMAL), item.iImage, canvas.Dc.Get(), 0, 0,
+                     ILD_NORMAL);
+      EXPECT_EQ(GetPixel(canvas.Dc.Get(), 24, 24), each.middle);
       SelectRow(list, FindRow(list, each.chosen));
       Click(dialog, IDOK);
     });
