@@ -12,6 +12,10 @@ namespace {
 // Posted while the dialog is filled, where that has changed texts.
 constexpr UINT kTextsFilled = WM_APP + 0x2C;
 
+// The page that a dialog is asking its outermost owner window for. Not in the message, which any process can
+// send.
+const char* g_helpPage = nullptr;
+
 }  // namespace
 
 INT_PTR CDialog::DoModal(HWND owner) {
@@ -36,7 +40,10 @@ void CDialog::OnHelp(const char* page) {
   HWND outermost = GetAncestor(window_, GA_ROOT);
   while (const HWND owner = GetWindow(outermost, GW_OWNER))
     outermost = owner;
-  if (outermost != window_) SendMessageA(outermost, WM_HELP, reinterpret_cast<WPARAM>(page), 0);
+  if (outermost == window_) return;
+  g_helpPage = page;
+  SendMessageA(outermost, WM_HELP, 0, 0);
+  g_helpPage = nullptr;
 }
 
 INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -66,7 +73,7 @@ INT_PTR CDialog::Route(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY:
       return Handled(OnNotify(*reinterpret_cast<const NMHDR*>(lParam)));
     case WM_HELP:
-      OnHelp(wParam ? reinterpret_cast<const char*>(wParam) : HelpPage());
+      OnHelp(g_helpPage ? g_helpPage : HelpPage());
       return Handled(TRUE);
     case WM_DRAWITEM:
       return Handled(SendMessageA(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem, kDrawYourself,

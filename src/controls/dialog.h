@@ -39,8 +39,8 @@ class CDialog {
   virtual LRESULT OnNotify(const NMHDR& /*header*/) { return 0; }
   // The file name of the dialog's page of the help; null for the help as a whole.
   virtual const char* HelpPage() const { return nullptr; }
-  // F1 (WM_HELP) or the Help button. Goes on to the outermost of the owner windows, which knows the help, with
-  // the page as the wParam that Windows leaves 0.
+  // F1 (WM_HELP) or the Help button. Goes on to the outermost of the owner windows, which knows the help: its
+  // OnHelp is called with this page.
   virtual void OnHelp(const char* page);
   // The OK button or Enter; the Cancel button, Esc or the close box.
   virtual void OnOK() { EndDialog(IDOK); }
