@@ -62,10 +62,14 @@ TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKeyUpToAnOverLongOne) {
 
 TEST_F(SchemeCatalogueTest, TellsWhatTheRegistryRefusesFromWhatIsMissing) {
   Load(R"("A"="1" "B"="2" [A] [B])");
-  ImportedCalls calls({IMPORTED(RegOpenKeyExA), IMPORTED(RegEnumValueA)});
+  ImportedCalls calls({IMPORTED(RegOpenKeyExA), IMPORTED(RegEnumValueA), IMPORTED(RegQueryValueExA)});
   calls.FailEach("Schemes\\A", ERROR_ACCESS_DENIED);
   EXPECT_EQ(catalogue_.LoadCatalogue(), CatalogueResult::kReadError);
   EXPECT_EQ(Listed(), "B:2 ");
+  for (const char* refused : {"Schemes\\A", "RegQueryValueExA A", "RegOpenKeyExA"}) {
+    calls.FailEach(refused, ERROR_ACCESS_DENIED);
+    EXPECT_TRUE(catalogue_.IsTaken("A")) << "it may be there: " << refused;
+  }
   calls.FailEach("RegEnumValueA", ERROR_READ_FAULT);
   EXPECT_EQ(catalogue_.LoadCatalogue(), CatalogueResult::kReadError);
   calls.FailEach("RegOpenKeyExA", ERROR_ACCESS_DENIED);

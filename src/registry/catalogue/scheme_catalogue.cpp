@@ -115,7 +115,9 @@ bool SchemeCatalogue::IsTaken(const std::string& name) const {
                           [&](const SchemeEntry& scheme) { return IsSameName(scheme.Name, name); }))
     return true;
   RegistryKey schemes(RegistryKey::kOpen, kSchemesKey);
-  return schemes.HasValue(name.c_str()) && FindSchemeKey(name) == Outcome::kComplete;
+  const bool noValue =
+      !schemes.HasValue(name.c_str()) && IsMissing(static_cast<LSTATUS>(schemes.LastError()));
+  return !noValue && FindSchemeKey(name) != Outcome::kIncomplete;
 }
 
 Outcome SchemeCatalogue::ReadScheme(const SchemeEntry& entry, SchemeProperties& scheme) const {

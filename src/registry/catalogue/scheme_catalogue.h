@@ -56,7 +56,7 @@ class SchemeCatalogue {
   // Whether more than one value reads as this name. Nothing is written or deleted through such a name.
   bool IsAmbiguous(const std::string& name) const;
   // Whether a scheme of that name is on the list, in any case, or in the registry with both its value and its
-  // key, where a walk that was cut short does not show it.
+  // key, where a walk that was cut short does not show it. True also where the registry does not tell.
   bool IsTaken(const std::string& name) const;
 
   // Reads all of a listed scheme, as the registry has it now. What could not be read is empty or 0; of a
