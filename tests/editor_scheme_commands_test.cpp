@@ -103,9 +103,12 @@ TEST_F(SchemeCommandsTest, RenamesOnceTheNameIsNeitherBlankNorTaken) {
   EXPECT_EQ(Edit(PressOK, {"Default User"}, "Default User"),
             "Default User");  // has to be named again, and may keep its name
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Others: y", "Standard: Built in"}));
-  // A value that cannot be deleted is not replaced.
+  // A value that cannot be deleted is not replaced, and the user is told.
   RegDeleteKeyValueA(HKEY_LOCAL_MACHINE, kSchemesKey, "Others");
-  EXPECT_EQ(Edit(Name("More", "z"), {}, "Others"), "More");
+  script_.Expect(kExisting, Name("More", "z"));
+  script_.ExpectMessage(kWarning, "Error",
+                        "More could not be saved completely.\nThe list shows what is stored now.");
+  EXPECT_EQ(EditScheme(nullptr, catalogue_, *catalogue_.Find("Others"), folders_), "Others");
   (void)catalogue_.LoadCatalogue();
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Standard: Built in"}));
 }

@@ -120,13 +120,17 @@ TEST_F(SchemeCatalogueTest, ReplacesTheValueOfTheOldNameOrPutsItBack) {
   Load(R"("Old"=hex(2):25 61 25 00 "Other"="o" [Old] [Other])");
   const std::string before = Stored();
   const auto replace = [this](const char* refused) {
-    ImportedCalls calls({IMPORTED(RegDeleteValueA), IMPORTED(RegSetValueExA)});
-    calls.FailEach(refused, ERROR_ACCESS_DENIED);
+    ImportedCalls calls({IMPORTED(RegOpenKeyExA), IMPORTED(RegDeleteValueA), IMPORTED(RegSetValueExA)});
     (void)catalogue_.LoadCatalogue();
+    calls.FailEach(refused, ERROR_ACCESS_DENIED);
     return catalogue_.Replace(*catalogue_.Find("Old"), Named("New", "n"));
   };
   EXPECT_EQ(replace("RegSetValueExA New"), ChangeResult::kRefused);
   EXPECT_EQ(before, Stored()) << "type and bytes of the old value included";
+  for (const char* refused : {"RegOpenKeyExA", "RegDeleteValueA Old"}) {
+    EXPECT_EQ(replace(refused), ChangeResult::kIncomplete);
+    EXPECT_EQ(Listed(), "Old:%a% Other:o ") << "a value that cannot be deleted stays";
+  }
   EXPECT_EQ(replace("RegSetValueExA DefaultView"), ChangeResult::kIncomplete);
   EXPECT_EQ(Listed(), "New:n Other:o ");
   EXPECT_FALSE(ReadText(OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ).Get(), "Old"));

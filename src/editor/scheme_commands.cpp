@@ -80,7 +80,7 @@ std::optional<std::string> EditScheme(HWND owner, SchemeCatalogue& catalogue, st
     ShowWarning(owner, edited.Name + " could not be saved completely.\nThe list shows what is stored now.",
                 "Error");
   }
-  return edited.Name;
+  return catalogue.Schemes()[index].Name;
 }
 
 std::optional<std::string> CreateScheme(HWND owner, SchemeCatalogue& catalogue,

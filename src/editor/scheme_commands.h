@@ -13,7 +13,7 @@
 
 // Edits the scheme at `index` of the catalogue (SchemeCatalogue::Replace). Refused with a message: a built-in
 // scheme, one that cannot be told apart from another, and one that the registry does not give. A failed write
-// is told. Returns the name of the scheme when the user confirmed.
+// is told. Returns the name under which the scheme is listed now when the user confirmed.
 std::optional<std::string> EditScheme(HWND owner, SchemeCatalogue& catalogue, std::size_t index,
                                       const PictureFolders& folders);
 

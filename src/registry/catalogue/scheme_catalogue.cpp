@@ -27,8 +27,9 @@ class StoredValue {
     if (RegQueryValueExW(key, name_.c_str(), nullptr, &type_, data_.data(), &size) != ERROR_SUCCESS) size = 0;
     data_.resize(std::min<std::size_t>(size, data_.size()));
   }
-  void PutBack(HKEY key) const {
-    RegSetValueExW(key, name_.c_str(), 0, type_, data_.data(), static_cast<DWORD>(data_.size()));
+  [[nodiscard]] bool PutBack(HKEY key) const {
+    return RegSetValueExW(key, name_.c_str(), 0, type_, data_.data(), static_cast<DWORD>(data_.size())) ==
+           ERROR_SUCCESS;
   }
 
  private:
@@ -148,16 +149,16 @@ bool SchemeCatalogue::SaveCatalogue(const SchemeProperties& added) const {
 ChangeResult SchemeCatalogue::Replace(std::size_t index, const SchemeProperties& scheme) {
   SchemeEntry& entry = hive_.Entries[index];
   if (IsAmbiguous(entry.Name) || IsAmbiguous(scheme.Name)) return ChangeResult::kRefused;
+  bool replaced = false;
   if (const UniqueKey schemes = OpenWithAllAccess(kSchemesKey)) {
     const StoredValue old(schemes.Get(), entry.Name);
-    if (RegDeleteValueA(schemes.Get(), entry.Name.c_str()) == ERROR_SUCCESS &&
-        WriteText(schemes.Get(), scheme.Name, scheme.Description) != ERROR_SUCCESS) {
-      old.PutBack(schemes.Get());
-      return ChangeResult::kRefused;
-    }
+    replaced = RegDeleteValueA(schemes.Get(), entry.Name.c_str()) == ERROR_SUCCESS;
+    if (replaced && WriteText(schemes.Get(), scheme.Name, scheme.Description) != ERROR_SUCCESS)
+      return old.PutBack(schemes.Get()) ? ChangeResult::kRefused : ChangeResult::kIncomplete;
   }
-  entry = {scheme.Name, scheme.Description};
-  return DoneIf(SaveSchemeProperties(scheme.Name, scheme));
+  if (replaced) entry = {scheme.Name, scheme.Description};
+  const bool saved = SaveSchemeProperties(scheme.Name, scheme);
+  return DoneIf(replaced && saved);
 }
 
 ChangeResult SchemeCatalogue::Remove(const std::string& name) {

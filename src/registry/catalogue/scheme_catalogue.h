@@ -68,8 +68,9 @@ class SchemeCatalogue {
   ChangeResult Append(const SchemeProperties& scheme);
 
   // Writes an edited scheme in place of the one at `index`. The value of the old name is replaced by one of
-  // the new name if it could be deleted; where the new one cannot be written, the old one is put back and
-  // nothing more is done. On a change of the name the key of the old one stays behind.
+  // the new name if it could be deleted, else it stays; the key is written in either case. Where the new
+  // value cannot be written, the old one is put back and nothing more is done. On a change of the name the
+  // key of the old one stays behind. Refused where one of the names is ambiguous.
   ChangeResult Replace(std::size_t index, const SchemeProperties& scheme);
 
   // Removes the class and user allocations of the scheme (whose case may differ), its value, and its key with
