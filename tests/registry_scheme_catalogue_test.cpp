@@ -87,6 +87,10 @@ TEST_F(SchemeCatalogueTest, LeavesAloneWhatCannotBeToldApart) {
   const std::string name = read;  // what both values are read as
   ASSERT_EQ(0, RegSetValueExA(schemes.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>("1"), 2));
   ASSERT_EQ(0, RegSetValueExW(schemes.Get(), kOmega, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"2"), 4));
+  UniqueKey classes;
+  ASSERT_EQ(0, CreateKey(HKEY_LOCAL_MACHINE, AllocationKeyPath(kClassSchemes), KEY_ALL_ACCESS, classes));
+  ASSERT_EQ(0, RegSetValueExW(classes.Get(), kOmega, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"Z"), 4));
+  ASSERT_EQ(0, WriteText(classes.Get(), name, "Another"));
   (void)catalogue_.LoadCatalogue();
   EXPECT_TRUE(catalogue_.IsAmbiguous(name));
   EXPECT_FALSE(catalogue_.IsAmbiguous("Z"));
@@ -95,10 +99,20 @@ TEST_F(SchemeCatalogueTest, LeavesAloneWhatCannotBeToldApart) {
   EXPECT_EQ(catalogue_.Append(Named(name, "new")), ChangeResult::kRefused);
   EXPECT_EQ(catalogue_.Replace(*catalogue_.Find("Z"), Named(name, "new")), ChangeResult::kRefused);
   EXPECT_EQ(before, Stored());
+  EXPECT_EQ(catalogue_.Remove("Z"), ChangeResult::kIncomplete);
+  EXPECT_EQ(ReadText(classes.Get(), name), "Another") << "the allocation of another class";
 }
 
 TEST_F(SchemeCatalogueTest, AppendsASchemeAndAddsToTheOthersWhatTheyLack) {
-  Load(R"("A"=hex(2):61 00 "Cut"=dword:31 [A\TabSelection] "Page1"=dword:9 [Cut])");
+  Load(R"("A"=hex(2):61 00 "Cut"=dword:31 "Other"="o" "Past"="p" [A\TabSelection] "Page1"=dword:9
+          [Cut] [Other] [Past])");
+  // Another program works on the same machine.
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Other"="changed")");
+  SchemeProperties other;
+  (void)catalogue_.ReadScheme(catalogue_.Schemes()[2], other);
+  EXPECT_EQ(other.Description, "changed");
+  EXPECT_EQ(SchemeCatalogue(catalogue_).Remove("Past"), ChangeResult::kDone);
+
   SchemeProperties added = Named("New", "fresh");
   added.Tabs = {1, 2, 3};
   EXPECT_EQ(catalogue_.Append(added), ChangeResult::kDone);

@@ -39,23 +39,26 @@ class StoredValue {
 };
 
 // Deletes every value whose text is the scheme's name in any case. A value too long to read cannot be one.
-// The names are collected first: deleting while enumerating would skip the neighbour. Returns whether all of
-// them are gone.
+// The names are collected first: deleting while enumerating would skip the neighbour. Of two values that read
+// as one name, neither is deleted: it could be the other one. Returns whether all of them are gone.
 bool DeleteAllocations(const char* kind, const std::string& scheme) {
   UniqueKey key;
   const LSTATUS opened = OpenKey(HKEY_LOCAL_MACHINE, AllocationKeyPath(kind), KEY_ALL_ACCESS, key);
   if (opened != ERROR_SUCCESS) return IsMissing(opened);
   std::vector<std::string> allocated;
+  std::multiset<std::string, NameLess> names;
   std::string name;
   std::string text;
   LSTATUS end = ERROR_SUCCESS;
   for (DWORD i = 0; end == ERROR_SUCCESS || end == ERROR_MORE_DATA; ++i) {
     end = ReadValueAt(key.Get(), i, name, text);
-    if (end == ERROR_SUCCESS && lstrcmpiA(text.c_str(), scheme.c_str()) == 0) allocated.push_back(name);
+    if (end != ERROR_SUCCESS) continue;
+    names.insert(name);
+    if (lstrcmpiA(text.c_str(), scheme.c_str()) == 0) allocated.push_back(name);
   }
   bool complete = end == ERROR_NO_MORE_ITEMS;
   for (const std::string& each : allocated)
-    complete &= RegDeleteValueA(key.Get(), each.c_str()) == ERROR_SUCCESS;
+    complete &= names.count(each) == 1 && RegDeleteValueA(key.Get(), each.c_str()) == ERROR_SUCCESS;
   return complete;
 }
 
