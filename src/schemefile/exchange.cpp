@@ -44,8 +44,10 @@ CatalogueResult ReadMachine(SchemeHive& hive, const Progress& progress, SchemesA
   hive.Schemes.reserve(catalogue.Schemes().size());
   Steps steps(progress, catalogue.Schemes().size());
   for (const SchemeEntry& entry : catalogue.Schemes()) {
-    if (catalogue.ReadScheme(entry, hive.Schemes.emplace_back()) == Outcome::kFailed)
-      result = CatalogueResult::kReadError;
+    SchemeProperties& scheme = hive.Schemes.emplace_back();
+    scheme.Name = entry.Name;
+    scheme.Description = entry.Description;
+    if (LoadSchemeProperties(entry.Name, scheme) == Outcome::kFailed) result = CatalogueResult::kReadError;
     steps.Step();
   }
   return result;

@@ -127,20 +127,24 @@ bool SchemeCatalogue::IsTaken(const std::string& name) const {
 Outcome SchemeCatalogue::ReadScheme(const SchemeEntry& entry, SchemeProperties& scheme) const {
   scheme = {};
   scheme.Name = entry.Name;
-  scheme.Description = entry.Description;
+  const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ);
+  scheme.Description = ReadText(schemes.Get(), entry.Name).value_or(entry.Description);
   return LoadSchemeProperties(entry.Name, scheme);
 }
 
 ChangeResult SchemeCatalogue::Append(const SchemeProperties& scheme) {
+  // What was changed or deleted since the list was made must not come back.
+  const CatalogueResult listed = LoadCatalogue();
   const UniqueKey schemes = OpenWithAllAccess(kSchemesKey);
   if (!schemes || IsAmbiguous(scheme.Name)) return ChangeResult::kRefused;
-  bool complete = WriteText(schemes.Get(), scheme.Name, scheme.Description) == ERROR_SUCCESS;
+  bool complete = listed == CatalogueResult::kLoaded || listed == CatalogueResult::kCutShort;
+  complete &= WriteText(schemes.Get(), scheme.Name, scheme.Description) == ERROR_SUCCESS;
   complete &= SaveCatalogue(scheme);
   hive_.Entries.push_back({scheme.Name, scheme.Description});
   return DoneIf(hive_.SaveToRegistry({}) && complete);
 }
 
-// The other schemes hold what they held when they were listed; only what is missing of one has to be written.
+// The other schemes hold what they hold; only what is missing of one has to be written.
 bool SchemeCatalogue::SaveCatalogue(const SchemeProperties& added) const {
   bool complete = SaveSchemeOfMany(added);
   for (const SchemeEntry& entry : Schemes()) {

@@ -59,12 +59,13 @@ class SchemeCatalogue {
   // key, where a walk that was cut short does not show it. True also where the registry does not tell.
   bool IsTaken(const std::string& name) const;
 
-  // Reads all of a listed scheme, as the registry has it now. What could not be read is empty or 0; of a
-  // scheme that failed, nothing should be written back.
+  // Reads all of a listed scheme, as the registry has it now. What could not be read of its key is empty or
+  // 0, and its description that of the list; of a scheme that failed, nothing should be written back.
   Outcome ReadScheme(const SchemeEntry& entry, SchemeProperties& scheme) const;
 
-  // Writes a new scheme: its value and its key. Then adds to each other scheme what its key lacks, and to the
-  // Schemes key what the config hive lacks there.
+  // Makes the list anew and writes a new scheme: its value and its key. Then adds to each other scheme what
+  // its key lacks, and makes each listed value a REG_SZ. Refused for an ambiguous name and without the right
+  // to change the Schemes key. Whether the name is taken is for the caller to ask.
   ChangeResult Append(const SchemeProperties& scheme);
 
   // Writes an edited scheme in place of the one at `index`. The value of the old name is replaced by one of
