@@ -25,7 +25,7 @@ bool IsStored(HKEY schemes, const std::string& name, const std::string& text) {
 
 }  // namespace
 
-SchemeWalk ConfigHive::LoadFromRegistry(SchemesAccess access, std::size_t mostEntries) {
+SchemeWalk ConfigHive::LoadFromRegistry(SchemesAccess access, std::size_t maxEntries) {
   Entries.clear();
   SchemeWalk walk;
   const UniqueKey key =
@@ -46,7 +46,7 @@ SchemeWalk ConfigHive::LoadFromRegistry(SchemesAccess access, std::size_t mostEn
     } else {
       walk.Unreadable.push_back(name);
     }
-    return Entries.size() < mostEntries;
+    return Entries.size() < maxEntries;
   });
   walk.CutShort = end == ERROR_MORE_DATA;
   walk.Failed |= end != ERROR_NO_MORE_ITEMS && end != ERROR_MORE_DATA && end != ERROR_SUCCESS;

@@ -1,5 +1,5 @@
-// The schemes by name: the list of pairs kept as REG_SZ values of the Schemes key itself. The text of a pair is
-// opaque to the shell's configuration; the same value is the description that the scheme list shows.
+// The schemes by name: the list of pairs kept as REG_SZ values of the Schemes key itself. The scheme list
+// shows the text of a pair as the scheme's description; what else the shell makes of it does not matter here.
 #pragma once
 
 #include <cstddef>
@@ -35,8 +35,8 @@ class ConfigHive {
  public:
   // Replaces the list by the values of the Schemes key, in the registry's order (RegEnumValueA). Values
   // without a key of the same name are dropped; a name or text longer than 259 characters ends the list, as
-  // does its `mostEntries`-th entry. Empty when the key cannot be opened so (KEY_READ, KEY_ALL_ACCESS).
-  SchemeWalk LoadFromRegistry(SchemesAccess access, std::size_t mostEntries = SIZE_MAX);
+  // does its `maxEntries`-th entry. Empty when the key cannot be opened so (KEY_READ, KEY_ALL_ACCESS).
+  SchemeWalk LoadFromRegistry(SchemesAccess access, std::size_t maxEntries = SIZE_MAX);
 
   // Writes every pair as a value of the Schemes key; one that is a REG_SZ of that text already is left as it
   // is, so that characters outside the code page survive. Where the key does not exist, tells `caution` and

@@ -5,8 +5,8 @@
 #include "model/configuration_layout.h"
 #include "model/field_records.h"
 #include "model/field_storage.h"
-#include "model/scheme_storage.h"
 #include "model/item_storage.h"
+#include "model/scheme_storage.h"
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
 
@@ -19,8 +19,9 @@ std::string SectionPath(const std::string& scheme) {
 
 bool IsGuardMissing(const char* guard) { return !RegistryKey::KeyExists(guard); }
 
-// The lists of the sections, and their lack in others. A caution is due for each part that may not be written;
-// the guard is asked once a list, since nothing that is written could remove it.
+// What a section's operations do with its list; below, nothing for a section without one. A caution is due
+// for each part that may not be written; the guard is asked once a list, since nothing that is written
+// removes it.
 template <class Section, class Item>
 bool LoadItemsOf(const std::string& path, const SectionItems<Section, Item>& items, Section& section) {
   return LoadItems(path, items.Items, static_cast<std::int32_t>(section.*items.Count), section) ==
@@ -34,14 +35,16 @@ bool SaveItemsOf(const std::string& path, const SectionItems<Section, Item>& ite
   const bool whole = static_cast<std::int32_t>(section.*items.Count) <= std::ssize(list);
   if (list.empty()) return whole;
   if (!IsGuardMissing(items.Guard)) return !sectionSaved || (SaveItems(path, items.Items, section) && whole);
-  ForEachItemPart(items.Items, section, [&](const std::string& name, const ItemPart<Item>& part, const Item&) {
-    if (caution) caution(path + "\\" + name + part.SubKey);
-  });
+  ForEachItemPart(items.Items, section,
+                  [&](const std::string& name, const ItemPart<Item>& part, const Item&) {
+                    if (caution) caution(path + "\\" + name + part.SubKey);
+                  });
   return false;
 }
 
 template <class Section, class Item>
-void WriteItemsOf(const std::string& scheme, const SectionItems<Section, Item>& items, const Section& section) {
+void WriteItemsOf(const std::string& scheme, const SectionItems<Section, Item>& items,
+                  const Section& section) {
   WriteItems(TheRecordStore(), scheme, items.Items, section);
 }
 
@@ -79,7 +82,8 @@ bool ConfigurationSection<Section>::LoadFromRegistry(const std::string& scheme) 
 }
 
 template <class Section>
-bool ConfigurationSection<Section>::SaveToRegistry(const std::string& scheme, const SettingsCaution& caution) const {
+bool ConfigurationSection<Section>::SaveToRegistry(const std::string& scheme,
+                                                   const SettingsCaution& caution) const {
   if (!IsSchemeName(scheme)) return false;
   const auto& layout = kLayout<Section>;
   const std::string path = SectionPath<Section>(scheme);

@@ -27,7 +27,7 @@ class ConfigurationSection {
   // has no fewer items than stated.
   bool SaveToRegistry(const std::string& scheme, const SettingsCaution& caution) const;
 
-  // Appends the section's records to the process' record store.
+  // Appends the section's records to the process's record store.
   void WriteToFile(const std::string& scheme) const;
 
   // Reads the section from the record store. A missing record yields an empty text or 0. True when the list

@@ -12,7 +12,7 @@
 #include "registry/registry_key.h"
 
 // What the key's last reading, which failed, says of what was asked for. A value that is too long for its
-// type, or of another type, is damaged; any other error may pass.
+// type, or of another type, is damaged; any other error may be gone the next time.
 inline Outcome OutcomeOf(const RegistryKey& key) {
   const auto error = static_cast<LSTATUS>(key.LastError());
   const bool damaged = error == ERROR_SUCCESS || error == ERROR_MORE_DATA;

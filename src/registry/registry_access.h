@@ -26,8 +26,8 @@ UniqueKey OpenKey(HKEY root, const std::string& path, REGSAM access);
 // unless it is 0.
 [[nodiscard]] LSTATUS CreateKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key);
 
-// The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing or too
-// long.
+// The text of one value, up to its first NUL (RegQueryValueExA). Nothing when the value is missing, too long
+// or refused.
 std::optional<std::string> ReadText(HKEY key, const std::string& name);
 // Opens the key for reading and reads one text. "" when there is no key or ReadText returns nothing.
 std::string ReadText(HKEY root, const std::string& path, const std::string& name);

@@ -120,10 +120,10 @@ bool RegistryKey::GetString(const char* name, const char** text) {
 
   DWORD type = REG_NONE;
   DWORD size = 0;
-  for (DWORD room = kOrdinarySize;; room = std::max(size, room * 2)) {
-    string_ = Allocate(std::size_t{room} + 1);
+  for (DWORD capacity = kOrdinarySize;; capacity = std::max(size, capacity * 2)) {
+    string_ = Allocate(std::size_t{capacity} + 1);
     if (!string_) return false;
-    size = room;
+    size = capacity;
     const bool fits = Query(name, &type, string_.get(), &size);
     if (!fits && lastError_ != ERROR_MORE_DATA) return false;
     if (!IsText(type)) {
@@ -170,16 +170,15 @@ bool RegistryKey::ShortPath(const char* text, const char** shortPath) {
   shortPath_ = Allocate(length + 5);
   if (!shortPath_) return false;
   std::memset(shortPath_.get(), 0, length + 5);
-  // The call is told of less room than there is, and a result that did not fit counts all the same.
+  // The call is told of a smaller buffer than there is, and a result that did not fit counts all the same.
   if (GetShortPathNameA(text, shortPath_.get(), static_cast<DWORD>(length)) == 0) return false;
   *shortPath = shortPath_.get();
   return true;
 }
 
 bool RegistryKey::Set(const char* name, DWORD type, const void* data, std::size_t size) {
-  return Open() &&
-         Succeeded(RegSetValueExA(key_.Get(), name, 0, type, static_cast<const BYTE*>(data),
-                                  static_cast<DWORD>(size)));
+  return Open() && Succeeded(RegSetValueExA(key_.Get(), name, 0, type, static_cast<const BYTE*>(data),
+                                            static_cast<DWORD>(size)));
 }
 
 bool RegistryKey::SetText(const char* name, DWORD type, const char* text) {

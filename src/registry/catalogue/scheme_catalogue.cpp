@@ -83,11 +83,11 @@ ChangeResult DoneIf(bool complete) { return complete ? ChangeResult::kDone : Cha
 
 }  // namespace
 
-CatalogueResult SchemeCatalogue::LoadCatalogue(std::size_t mostSchemes, SchemesAccess access) {
+CatalogueResult SchemeCatalogue::LoadCatalogue(std::size_t maxSchemes, SchemesAccess access) {
   hive_.Entries.clear();
   walk_ = {};
   if (!RegistryKey::KeyExists(kSchemesKey)) return CatalogueResult::kNoSchemesKey;
-  walk_ = hive_.LoadFromRegistry(access, mostSchemes);
+  walk_ = hive_.LoadFromRegistry(access, maxSchemes);
   if (!walk_.Opened) return CatalogueResult::kNoAccess;
   if (walk_.Failed) return CatalogueResult::kReadError;
   return walk_.CutShort ? CatalogueResult::kCutShort : CatalogueResult::kLoaded;
@@ -144,7 +144,7 @@ ChangeResult SchemeCatalogue::Append(const SchemeProperties& scheme) {
   return DoneIf(hive_.SaveToRegistry({}) && complete);
 }
 
-// The other schemes hold what they hold; only what is missing of one has to be written.
+// Of another scheme only what is missing has to be written: the rest would be written as it stands.
 bool SchemeCatalogue::SaveCatalogue(const SchemeProperties& added) const {
   bool complete = SaveSchemeOfMany(added);
   for (const SchemeEntry& entry : Schemes()) {

@@ -37,7 +37,7 @@ class SchemeCatalogue {
   // which ends once it has found as many schemes as asked for. A value with a subkey of its name is a scheme,
   // with the value's text as its description. A value without one is unreadable. `access` is what the key is
   // opened for (KEY_ALL_ACCESS, KEY_READ): without the right to change schemes the program shows none.
-  [[nodiscard]] CatalogueResult LoadCatalogue(std::size_t mostSchemes = SIZE_MAX,
+  [[nodiscard]] CatalogueResult LoadCatalogue(std::size_t maxSchemes = SIZE_MAX,
                                               SchemesAccess access = SchemesAccess::kChange);
 
   // The schemes in the order of the registry's values.
