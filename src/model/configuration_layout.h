@@ -215,5 +215,5 @@ inline constexpr auto kToolBarSaveFields =
                                              "Default", "LatchButton", "VerticalMenu"}));
 template <>
 inline constexpr ButtonSectionLayout<ToolBarSection> kLayout<ToolBarSection>{
-    " - Tool Bar", kProductKey, kToolBarFields, ButtonsOf<ToolBarSection>(" - Tool Bar - ", kToolBarButtonParts),
-    kToolBarSaveFields};
+    " - Tool Bar", kProductKey, kToolBarFields,
+    ButtonsOf<ToolBarSection>(" - Tool Bar - ", kToolBarButtonParts), kToolBarSaveFields};

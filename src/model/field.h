@@ -1,5 +1,5 @@
-// A row of a layout table: where one value stands in the registry and in a scheme file, and which member holds
-// it. A table lists its rows in the order in which the registry values are read; where another order is
+// A row of a layout table: where one value stands in the registry and in a scheme file, and which member
+// holds it. A table lists its rows in the order in which the registry values are read; where another order is
 // wanted, InOrder makes it from the names, checked by the compiler. Knows nothing of Windows.
 #pragma once
 

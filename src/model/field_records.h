@@ -60,8 +60,8 @@ void WriteItems(RecordStore& store, const std::string& scheme, const ItemListLay
 template <class Owner, class Item>
 bool ReadItems(RecordStore& store, const std::string& scheme, const ItemListLayout<Owner, Item>& layout,
                std::int32_t stated, Owner& owner) {
-  return FillItems(layout, stated, owner,
-                   [&](const std::string& name, const ItemPart<Item>& part, Item& item) {
-                     ReadFields(store, scheme + layout.FileLabel + name + part.FileSuffix, item, part.ReadFields);
-                   });
+  return FillItems(
+      layout, stated, owner, [&](const std::string& name, const ItemPart<Item>& part, Item& item) {
+        ReadFields(store, scheme + layout.FileLabel + name + part.FileSuffix, item, part.ReadFields);
+      });
 }

@@ -19,17 +19,17 @@ inline constexpr std::int32_t kMaxItems = 1000;
 // An item may have values in more than one key.
 template <class Item>
 struct ItemPart {
-  const char* SubKey;                                // follows the path of the item's key
-  const char* FileSuffix;                            // follows the item's owner in a file
-  std::span<const Field<Item>> Fields;               // as they are loaded and saved
-  std::span<const Field<Item>> FileFields = Fields;  // as they are written to a file
+  const char* SubKey;                                    // follows the path of the item's key
+  const char* FileSuffix;                                // follows the item's owner in a file
+  std::span<const Field<Item>> Fields;                   // as they are loaded and saved
+  std::span<const Field<Item>> FileFields = Fields;      // as they are written to a file
   std::span<const Field<Item>> ReadFields = FileFields;  // as they are read from a file
 };
 
 template <class Owner, class Item>
 struct ItemListLayout {
   std::vector<Item> Owner::*List;
-  const char* Word;            // with a number behind it, counted from 1, the item's key and its name in a file
+  const char* Word;  // with a number behind it, counted from 1, the item's key and its name in a file
   std::string Item::*KeyName;  // member that holds that name, or null
   const char* FileLabel;       // stands between the scheme's name and the item's
   std::span<const ItemPart<Item>> Parts;

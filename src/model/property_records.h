@@ -17,9 +17,9 @@
 // flags are written as 0 or 1, everything else as it stands.
 void WritePropertyRecords(RecordStore& store, const SchemeProperties& scheme);
 
-// Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0. A stated
-// count that is negative is damage and stands for no items, one beyond kMaxItems for those of the first
-// kMaxItems that are there.
+// Reads the five sections of `scheme.Name` into `scheme`. A missing record yields an empty text or 0. A
+// stated count that is negative is damage and stands for no items, one beyond kMaxItems for those of the
+// first kMaxItems that are there.
 void ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme);
 
 // Appends the record "Scheme Count".

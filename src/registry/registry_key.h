@@ -66,7 +66,8 @@ class RegistryKey {
   // RegEnumKeyA, RegEnumValueA: the names of the subkeys or values, up to 259 characters; a longer one fails.
   // First returns false on a key without any; Next returns true with *name null at the end. Callers must look
   // at both. Next without a First, or after the key was closed, returns false. The first request for an
-  // enumeration of either kind closes and reopens the key; where it cannot be opened both kinds are off again.
+  // enumeration of either kind closes and reopens the key; where it cannot be opened both kinds are off
+  // again.
   [[nodiscard]] bool FirstSubkey(const char** name);
   [[nodiscard]] bool NextSubkey(const char** name);
   [[nodiscard]] bool FirstValue(const char** name);
@@ -74,9 +75,9 @@ class RegistryKey {
 
   // ExpandEnvironmentStringsA.
   [[nodiscard]] bool Expand(const char* text, const char** expanded);
-  // GetShortPathNameA, told that the buffer is as long as the text. True for any result of it but 0: where the
-  // short form is no shorter than the text, what is handed out is not the path but what the call left in the
-  // buffer, terminated all the same.
+  // GetShortPathNameA, told that the buffer is as long as the text. True for any result of it but 0: where
+  // the short form is no shorter than the text, what is handed out is not the path but what the call left in
+  // the buffer, terminated all the same.
   [[nodiscard]] bool ShortPath(const char* text, const char** shortPath);
 
   DWORD LastError() const { return lastError_; }
