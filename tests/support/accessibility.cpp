@@ -28,11 +28,15 @@ std::string StateText(DWORD state) {
   return text;
 }
 
+// MinGW's library for oleacc has a jump instead of IID_IAccessible.
 AccessibleControl Ask(HWND window) {
   IAccessible* object = nullptr;
-  if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                        reinterpret_cast<void**>(&object))))
-    throw std::runtime_error("no accessible object");
+  const HRESULT result = AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT),
+                                                    __uuidof(IAccessible), reinterpret_cast<void**>(&object));
+  if (FAILED(result)) {
+    throw std::runtime_error("no accessible object of control " + std::to_string(GetDlgCtrlID(window)) +
+                             ": " + std::to_string(result));
+  }
   VARIANT self{}, role{}, state{};
   self.vt = VT_I4;
   BSTR name = nullptr, shortcut = nullptr;

@@ -10,7 +10,7 @@ struct AccessibleControl {
   HWND Window = nullptr;
   int Id = 0;
   std::string Name;      // "" when it has none
-  std::string Role;      // the system's word for it: "push button"
+  std::string Role;      // the system's word for it: "push button"; Wine says "client" of most
   std::string State;     // the system's words, with commas between: "focused,focusable"
   std::string Shortcut;  // "Alt+N"
 };

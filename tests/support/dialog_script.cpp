@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <exception>
 #include <map>
 #include <utility>
 
@@ -234,7 +235,11 @@ bool DialogScript::Play(HWND dialog) {
   {
     const testing::ScopedTrace trace(step.place.file_name(), static_cast<int>(step.place.line()),
                                      "in the dialog \"" + step.title + "\"");
-    step.action(dialog);
+    try {
+      step.action(dialog);
+    } catch (const std::exception& thrown) {  // it must not travel through the functions of Windows
+      FailAt(step.place, thrown.what());
+    }
   }
   // What a failed step leaves open nobody closes.
   if (FailuresSoFar() > failures && IsWindowVisible(dialog)) abandoned_ = true;
