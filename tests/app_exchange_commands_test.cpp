@@ -92,6 +92,8 @@ TEST_F(ExchangeCommandsTest, SaveToDiskAndLoadFromDisk) {
   Add(Scheme("Infants"));
   Add(Scheme(kLeo));
   const std::string schemes = Schemes();
+  // The list of schemes ends in front of a text that is too long, and what is on it is saved.
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Zebras"=")" + std::string(300, 'z') + '"');
   const auto workingFolder = std::filesystem::current_path();
   script_.Expect("Save As", ChooseFile(folder_.File("schemes")));
   SaveToDisk(window_);
@@ -102,6 +104,9 @@ TEST_F(ExchangeCommandsTest, SaveToDiskAndLoadFromDisk) {
   Load();
   EXPECT_EQ(reloads_, 0);
   EXPECT_EQ(RootCounts(), "");
+  // Who else reads the file is no hindrance.
+  const UniqueFile reader(
+      CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
   script_.Expect("Open", ChooseFile(path_));
   Load();
   EXPECT_EQ(reloads_, 1);
@@ -170,6 +175,17 @@ TEST_F(ExchangeCommandsTest, SaysWhenAFileIsNotToBeRead) {
                      "protected or unreadable for another reason");
   Load();
   EXPECT_EQ(reloads_, 0);
+}
+
+TEST_F(ExchangeCommandsTest, CautionsWhenTheListCannotBeWritten) {
+  WriteFileBytes(path_, ExpectedFile());
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
+  script_.Expect("Open", ChooseFile(path_))
+      .ExpectMessage(kPlain.OwnedBy(kOwner), "Settings Problem",
+                     "Caution: There has been a problem setting Software\\Tessaly\\Kelvanstead\\Schemes");
+  LoadFromDisk(window_, [this] { ++reloads_; });
+  EXPECT_EQ(reloads_, 1);
+  EXPECT_EQ(RootCounts(), "") << "no scheme is written without it";
 }
 
 TEST_F(ExchangeCommandsTest, EndsTheProgramWhereTheSchemesKeyIsMissing) {

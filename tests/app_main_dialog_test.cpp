@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "app/main_dialog_ids.h"
 #include "controls/window_handles.h"
+#include "editor/scheme_creation_dialog_ids.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 #include "support/dialog_script.h"
@@ -123,6 +125,7 @@ TEST_F(MainWindowTest, ShowsTheMachineAndEveryCommand) {
                                                  {kSave, "&Save to disk"},
                                                  {kAllocate, "&Allocate Schemes"},
                                                  {kHelper, "Choose OnScreen Hel&per"},
+                                                 {IDC_HELP_MENU, "Help and About"},
                                                  {IDOK, "Close"}};
     for (const auto& [id, text] : texts) {
       EXPECT_TRUE(IsWindowEnabled(GetDlgItem(window_, id))) << id;
@@ -193,9 +196,12 @@ TEST_F(MainWindowTest, ReportsUnreadableSchemesOnceAndDeletesTheSelectedOneOnly)
 
 TEST_F(MainWindowTest, TheListFollowsTheRegistryAfterEachCommand) {
   Run([this] {
-    script_.Expect("Scheme Creation", [](HWND dialog) { Click(dialog, IDOK); });
+    script_.Expect("Scheme Creation", [](HWND dialog) {
+      EXPECT_EQ(ControlText(dialog, IDC_CREATION_SOURCE), "Staff") << "the selected scheme";
+      Click(dialog, IDOK);
+    });
     ExpectSheet("New Scheme Properties", "Club");
-    Select("Infants");
+    Select("Staff");
     Click(window_, kCreate);
     EXPECT_EQ(Rows(), "*1Club 1Infants 1Juniors 0Staff ") << "where the registry lists it, and selected";
 

@@ -42,12 +42,13 @@ class StartUpTest : public RegistryTest {
   }
 
   // A process that never begins to run needs nothing to end it by.
-  static UniqueProcess StartSuspended(const std::string& program) {
+  static UniqueProcess StartSuspended(const std::string& program) { return Start(program, CREATE_SUSPENDED); }
+  static UniqueProcess Start(const std::string& program, DWORD flags) {
     STARTUPINFOA start{};
     start.cb = sizeof(start);
     PROCESS_INFORMATION process{};
-    EXPECT_TRUE(CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, CREATE_SUSPENDED, nullptr,
-                               nullptr, &start, &process));
+    EXPECT_TRUE(CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, flags, nullptr, nullptr,
+                               &start, &process));
     CloseHandle(process.hThread);
     return UniqueProcess(process.hProcess);
   }
@@ -155,6 +156,21 @@ TEST_F(StartUpTest, RestoresTheFirstCopyAndRaisesNoForeignWindow) {
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
   EXPECT_TRUE(IsWindowVisible(titled) && !IsIconic(titled));
   EXPECT_TRUE(calls.Lines().empty()) << "it is no window of this program";
+
+  // A window of a copy is raised, unless a dialog has disabled it.
+  const std::string running = pictures_ + "\\Kelvanstead Scheme Manager.exe";
+  fs::copy_file(fs::path(system) / "notepad.exe", running);
+  copies.push_back(Start(running, 0));
+  HWND window = nullptr;
+  for (int tries = 0; tries < 500 && !IsWindowVisible(window); ++tries) {
+    Sleep(20);
+    window = FindWindowA("Notepad", nullptr);
+  }
+  for (const bool enabled : {false, true}) {
+    EnableWindow(window, enabled);
+    EXPECT_FALSE(CSchemeManagerApp().InitInstance());
+    EXPECT_EQ(calls.Lines().size(), enabled ? 1u : 0u);
+  }
   DestroyWindow(titled);
   End(copies);
 }

@@ -8,6 +8,7 @@
 #include "registry/registry_paths.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
+#include "support/imported_calls.h"
 #include "support/numbered_values.h"
 #include "support/registry_test.h"
 
@@ -100,6 +101,21 @@ TEST_F(ConfigurationSectionsTest, EveryValueHasItsPlaceInTheRegistryAndInAFile) 
   for (ToolButton& button : config_.ToolBar.ButtonList)
     button.URL = button.WavFile = "";  // never come back
   EXPECT_EQ(config_, read);
+  EXPECT_EQ(read.MyWork.ButtonList[1].KeyName, "Button2");
+}
+
+TEST_F(ConfigurationSectionsTest, TwoSectionsAreSavedInTheirOwnOrder) {
+  const ImportedCalls calls({IMPORTED(RegSetValueExA)});
+  EXPECT_TRUE(SystemMenuSection().SaveToRegistry("T", Caution()));
+  EXPECT_TRUE(ToolBarSection().SaveToRegistry("T", Caution()));
+  std::string written;
+  for (const std::string& line : calls.Lines())
+    written += line.substr(line.find(' ') + 1) + ",";
+  EXPECT_EQ(
+      written,
+      "AlignRight,BackGroundColour,BackGroundImg,BGColour,BGImg,Buttons,CheckSupported,Default,LatchButton,"
+      "LeftMargin,TopMargin,Vertical,VerticalMenu,"
+      "AlignRight,BackGroundImg,Buttons,CheckSupported,Default,LatchButton,VerticalMenu,");
 }
 
 TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {

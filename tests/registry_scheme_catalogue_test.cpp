@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "registry/registry_access.h"
+#include "registry/registry_key.h"
 #include "registry/registry_paths.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
@@ -94,6 +95,8 @@ TEST_F(SchemeCatalogueTest, LeavesAloneWhatCannotBeToldApart) {
   (void)catalogue_.LoadCatalogue();
   EXPECT_TRUE(catalogue_.IsAmbiguous(name));
   EXPECT_FALSE(catalogue_.IsAmbiguous("Z"));
+  EXPECT_EQ(catalogue_.Unreadable(), std::vector<std::string>(2, name))
+      << "both, so that the user learns of them";
   const std::string before = Stored();
   EXPECT_EQ(catalogue_.Remove(name), ChangeResult::kRefused);
   EXPECT_EQ(catalogue_.Append(Named(name, "new")), ChangeResult::kRefused);
@@ -145,6 +148,8 @@ TEST_F(SchemeCatalogueTest, ReplacesTheValueOfTheOldNameOrPutsItBack) {
     EXPECT_EQ(Listed(), "Old:%a% Other:o ") << "a value that cannot be deleted stays";
   }
   EXPECT_EQ(replace("RegSetValueExA DefaultView"), ChangeResult::kIncomplete);
+  EXPECT_TRUE(RegistryKey(RegistryKey::kOpen, SchemeKeyPath("New") + "\\Defaults").HasValue("Options Menu"))
+      << "the values behind it are written";
   EXPECT_EQ(Listed(), "New:n Other:o ");
   EXPECT_FALSE(ReadText(OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ).Get(), "Old"));
   EXPECT_TRUE(catalogue_.IsTaken("New"));
