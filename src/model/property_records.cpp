@@ -9,12 +9,6 @@
 
 namespace {
 
-constexpr char kSchemeCount[] = "Scheme Count";
-constexpr char kNumberOfSchemes[] = "The number of schemes";
-constexpr char kNameOfScheme[] = "Name of scheme";
-
-std::string SchemeKey(std::size_t index) { return "Scheme" + std::to_string(index); }
-
 template <class Item>
 void WriteCountedSection(RecordStore& store, const SchemeProperties& scheme,
                          const CountedSectionLayout<Item>& layout) {
@@ -61,18 +55,18 @@ void ReadPropertyRecords(RecordStore& store, SchemeProperties& scheme) {
 }
 
 void WriteSchemeCount(RecordStore& store, std::size_t count) {
-  store.WriteIntRecord(kSchemeCount, kNumberOfSchemes, static_cast<std::int32_t>(count));
+  store.WriteIntRecord(kSchemeCountLabel, kSchemeCountName, static_cast<std::int32_t>(count));
 }
 
 std::int32_t ReadSchemeCount(RecordStore& store) {
-  const std::int32_t count = store.ReadIntRecord(kSchemeCount, kNumberOfSchemes);
+  const std::int32_t count = store.ReadIntRecord(kSchemeCountLabel, kSchemeCountName);
   return std::clamp<std::int32_t>(count, 0, static_cast<std::int32_t>(store.Count()));
 }
 
 void WriteSchemes(RecordStore& store, const std::vector<SchemeProperties>& schemes,
                   const std::function<void()>& afterEach) {
   for (std::size_t i = 0; i < schemes.size(); ++i) {
-    store.WriteStringRecord(SchemeKey(i), kNameOfScheme, schemes[i].Name);
+    store.WriteStringRecord(SchemeKey(i), kSchemeNameName, schemes[i].Name);
     WritePropertyRecords(store, schemes[i]);
     afterEach();
   }
@@ -84,7 +78,7 @@ std::vector<SchemeProperties> ReadSchemes(RecordStore& store, std::int32_t count
   for (std::int32_t i = 0; i < count; ++i) {
     if (store.ReadCursor() > store.Count() + kMaxMissingRecords) break;
     SchemeProperties& scheme = schemes.emplace_back();
-    scheme.Name = store.ReadStringRecord(SchemeKey(i), kNameOfScheme);
+    scheme.Name = store.ReadStringRecord(SchemeKey(i), kSchemeNameName);
     ReadPropertyRecords(store, scheme);
     afterEach();
   }

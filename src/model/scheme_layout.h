@@ -6,10 +6,22 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <string>
 
 #include "model/field.h"
 #include "model/item_list.h"
 #include "model/scheme_properties.h"
+
+// What a file holds beside the properties: how many schemes there are, the name of each under its number
+// counted from 0, and the descriptions: under their numbers, counted from 1, the names, and under each name
+// its description.
+inline constexpr char kSchemeCountLabel[] = "Scheme Count";
+inline constexpr char kSchemeCountName[] = "The number of schemes";
+inline constexpr char kSchemeNameName[] = "Name of scheme";
+inline constexpr char kConfigHiveLabel[] = "Config Hive";
+inline std::string SchemeKey(std::size_t index) { return "Scheme" + std::to_string(index); }
+inline std::string ConfigKey(std::size_t number) { return "Config" + std::to_string(number); }
 
 inline constexpr FieldTable<FolderRoot, 9> kFolderRootFields{{
     {"RootDisplayName", &FolderRoot::RootDisplayName},

@@ -6,8 +6,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // A folder that the shell offers for browsing. The two icon indexes exist in the FolderDisplay
@@ -93,6 +95,14 @@ struct SchemeProperties {
 
   bool operator==(const SchemeProperties&) const = default;
 };
+
+// Whether `name` can name a scheme's key: not empty, no backslash, no NUL, at most the 255 characters that the
+// name of a registry key can have.
+inline bool IsSchemeName(std::string_view name) {
+  constexpr std::size_t kMaxNameLength = 255;
+  return !name.empty() && name.size() <= kMaxNameLength &&
+         name.find_first_of(std::string_view("\\\0", 2)) == std::string_view::npos;
+}
 
 // The scheme that completely new schemes are copied from.
 inline constexpr char kDefaultUserScheme[] = "Default User";

@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr std::size_t kMaxNameLength = 255;  // of a registry key
 constexpr char kSchemeName[] = "Scheme Name";
 
 std::string SectionPath(const std::string& name, const char* key) {
@@ -110,11 +109,6 @@ bool AddMissingSchemeName(const std::string& name) {
 bool MaySave(const std::string& name) { return IsSchemeName(name) && RegistryKey::KeyExists(kProductKey); }
 
 }  // namespace
-
-bool IsSchemeName(const std::string& name) {
-  return !name.empty() && name.size() <= kMaxNameLength &&
-         name.find_first_of(std::string("\\\0", 2)) == std::string::npos;
-}
 
 Outcome FindSchemeKey(const std::string& name) {
   if (name.empty()) return Outcome::kComplete;

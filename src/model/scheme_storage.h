@@ -17,9 +17,6 @@
 #include "base/outcome.h"
 #include "model/scheme_properties.h"
 
-// Whether `name` can name a scheme's key: not empty, no backslash, no NUL, at most 255 characters.
-bool IsSchemeName(const std::string& name);
-
 // Whether the value `name` of the Schemes key stands for a scheme: a key of its name can be opened
 // (RegOpenKeyExA). The unnamed value does, since the Schemes key itself answers to its name; it shows as a
 // blank scheme. Incomplete where there is no such key, or none can be; failed where it could not be opened

@@ -99,9 +99,10 @@ std::optional<std::size_t> SchemeCatalogue::Find(const std::string& name) const 
   return static_cast<std::size_t>(Schemes().rend() - found) - 1;
 }
 
-void SchemeCatalogue::LoadProtectedSchemes() {
+void SchemeCatalogue::LoadProtectedSchemes(SchemesAccess access) {
   protectedSchemes_.clear();
-  const UniqueKey key = OpenWithAllAccess(kProtectedSchemesKey);
+  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kProtectedSchemesKey,
+                                access == SchemesAccess::kRead ? KEY_READ : KEY_ALL_ACCESS);
   if (!key) return;
   ForEachValue(key.Get(), [this](const std::string& name, const std::string&) {
     protectedSchemes_.insert(name);

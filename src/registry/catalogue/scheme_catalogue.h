@@ -49,8 +49,8 @@ class SchemeCatalogue {
   // The position of the last scheme of that name; case matters.
   std::optional<std::size_t> Find(const std::string& name) const;
 
-  // Rebuilds the list of built-in schemes. Empty when its key cannot be opened (KEY_ALL_ACCESS).
-  void LoadProtectedSchemes();
+  // Rebuilds the list of built-in schemes. Empty when its key cannot be opened so (KEY_ALL_ACCESS, KEY_READ).
+  void LoadProtectedSchemes(SchemesAccess access = SchemesAccess::kChange);
   // Whether the name is on the list of built-in schemes; case matters.
   bool IsProtected(const std::string& name) const { return protectedSchemes_.contains(name); }
   // Whether more than one value reads as this name. Nothing is written or deleted through such a name.

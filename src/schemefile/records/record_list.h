@@ -28,6 +28,11 @@ class RecordList {
   // The texts of the record stay valid until the list changes. Unchecked.
   SchemeRecord operator[](std::size_t position) const;
 
+  // Where the record begins in the text.
+  std::size_t Offset(std::size_t position) const { return places_[position].Start; }
+  // Of the whole text, with what belongs to no record.
+  std::size_t TextSize() const { return text_.size(); }
+
   // Copies the record's texts, which must not be of this list.
   void Append(const SchemeRecord& record);
   void Clear();

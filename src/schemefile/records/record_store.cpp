@@ -37,7 +37,8 @@ void RecordStore::WriteIntRecord(std::string_view key1, std::string_view key2, s
 }
 
 std::string RecordStore::ReadStringRecord(std::string_view key1, std::string_view key2) {
-  return std::string(Find(key1, key2).Value);
+  const std::optional<std::size_t> position = FindRecord(key1, key2);
+  return position ? std::string(records_[*position].Value) : std::string();
 }
 
 std::int32_t RecordStore::ReadIntRecord(std::string_view key1, std::string_view key2) {
@@ -62,13 +63,14 @@ void RecordStore::Fill(RecordList records) {
   readCursor_ = 0;
 }
 
-SchemeRecord RecordStore::Find(std::string_view key1, std::string_view key2) {
+std::optional<std::size_t> RecordStore::FindRecord(std::string_view key1, std::string_view key2) {
   const std::size_t cursor = readCursor_++;
-  if (cursor < records_.Count() && HasKeys(records_[cursor], key1, key2)) return records_[cursor];
-  if (Count() == 0) return {};
+  if (cursor < records_.Count() && HasKeys(records_[cursor], key1, key2)) return cursor;
+  if (Count() == 0) return std::nullopt;
   if (index_.empty()) BuildIndex();
   const std::uint32_t position = FindSlot(HashKeys(key1, key2), key1, key2).Position;
-  return position ? records_[position - 1] : SchemeRecord();
+  if (!position) return std::nullopt;
+  return position - 1;
 }
 
 RecordStore::Slot& RecordStore::FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2) {

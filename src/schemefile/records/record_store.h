@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,9 @@ class RecordStore {
   // is none; a number out of range is cut to the nearest limit.
   std::int32_t ReadIntRecord(std::string_view key1, std::string_view key2);
 
+  // Where in the list the record stands that the two above read; moves the cursor in the same way.
+  std::optional<std::size_t> FindRecord(std::string_view key1, std::string_view key2);
+
   // Empties the list. The read cursor stays where it is.
   void ClearRecordStore();
   void ResetReadCursor() { readCursor_ = 0; }
@@ -36,6 +40,7 @@ class RecordStore {
   // Replaces the store's records by those of a file and sets the read cursor to 0.
   void Fill(RecordList records);
 
+  const RecordList& Records() const { return records_; }
   std::size_t Count() const { return records_.Count(); }
   std::uint32_t ReadCursor() const { return readCursor_; }
 
@@ -51,8 +56,6 @@ class RecordStore {
     std::uint32_t Position = 0;
   };
 
-  // The record that a look-up returns; an empty one when there is none. Moves the cursor.
-  SchemeRecord Find(std::string_view key1, std::string_view key2);
   // The slot of a record with these keys, or the free one where it belongs.
   Slot& FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2);
   void BuildIndex();
