@@ -1,6 +1,7 @@
 // Feeds arbitrary bytes through everything that a scheme file passes on its way in, short of the registry.
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -9,8 +10,10 @@
 #include <utility>
 #include <vector>
 
+#include "model/config_hive.h"
 #include "model/item_list.h"
 #include "model/property_records.h"
+#include "schemefile/check.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
 
@@ -61,6 +64,49 @@ void Import(RecordList records) {
   }
 }
 
+// A record of a file and the same written again: numbers in one form, tab flags as 0 or 1.
+std::array<std::string, 3> Normal(const SchemeRecord& record) {
+  const auto text = [](std::string_view field) {
+    if (field.ends_with(kFieldTerminator)) field.remove_suffix(1);
+    return std::string(field);
+  };
+  std::array<std::string, 3> normal = {text(record.Key1), text(record.Key2), text(record.Value)};
+  std::string& value = normal[2];
+  char* end = nullptr;
+  const long long number = std::strtoll(value.c_str(), &end, 10);
+  if (!value.empty() && end == value.data() + value.size()) {
+    value = std::to_string(normal[0].ends_with(" - Tabs") ? number != 0 : number);
+  }
+  return normal;
+}
+
+std::vector<std::array<std::string, 3>> Sorted(const RecordList& records) {
+  std::vector<std::array<std::string, 3>> sorted;
+  for (std::size_t i = 0; i < records.Count(); ++i)
+    sorted.push_back(Normal(records[i]));
+  std::ranges::sort(sorted);
+  return sorted;
+}
+
+// What the check passes, the import reads whole: written again, it has the same records, none less and none
+// more.
+void Check(const RecordList& records) {
+  if (!CheckRecords(records).IsWhole()) return;
+  RecordStore& store = TheRecordStore();
+  store.Fill(records);
+  const std::int32_t count = ReadSchemeCount(store);
+  store.ResetReadCursor();
+  ConfigHive config;
+  config.ReadFromFile();
+  const std::vector<SchemeProperties> schemes = ReadSchemes(store, count, [] {});
+
+  store.ClearRecordStore();
+  config.WriteToFile();
+  WriteSchemeCount(store, schemes.size());
+  WriteSchemes(store, schemes, [] {});
+  Require(Sorted(store.Records()) == Sorted(records));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -69,6 +115,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!HasSignature(file)) file.insert(0, kSignature);
   RecordList records = SplitRecords(std::move(file));
   LookUp(records);
+  Check(records);
   Import(std::move(records));
   return 0;
 }
