@@ -50,7 +50,9 @@ if(CLI_SOURCES)
   target_include_directories(ksm SYSTEM PRIVATE ${LIBRARY_HEADERS})
   # std::filesystem costs 100 kB.
   target_compile_definitions(ksm PRIVATE CLI11_HAS_FILESYSTEM=0)
-  target_link_libraries(ksm PRIVATE core)
+  # String streams are 30 kB larger in C++20.
+  set_source_files_properties(src/cli/command_line.cpp PROPERTIES COMPILE_OPTIONS -std=c++17)
+  target_link_libraries(ksm PRIVATE core shell32)
   target_link_options(ksm PRIVATE ${STRIPPED})
 endif()
 

@@ -1,0 +1,23 @@
+// The schemes of this machine as a scheme file.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/options.h"
+#include "registry/catalogue/scheme_catalogue.h"
+
+// "1 scheme", "2 schemes".
+std::string Counted(std::size_t count, const std::string& what);
+
+struct SaveResult {
+  ExitCode Code = ExitCode::kDone;
+  bool IsWritten = false;
+};
+
+// Writes the schemes of those names, or all for no names, to a scheme file, byte for byte as the program with
+// the windows does. The old file stays until the new one is whole. kNothingThere for a name that is not
+// there, kFile when the file cannot be written, kPartly when not all of a scheme could be read; where the
+// registry refused it, nothing is written.
+[[nodiscard]] SaveResult SaveSchemes(const SchemeCatalogue& catalogue, const std::vector<std::string>& names,
+                                     const std::string& path, const Options& options, Output& output);
