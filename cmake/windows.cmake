@@ -45,16 +45,14 @@ foreach(library CLI nlohmann)
 endforeach()
 
 file(GLOB CLI_SOURCES CONFIGURE_DEPENDS src/cli/*.cpp src/cli/*.rc)
-if(CLI_SOURCES)
-  add_executable(ksm ${CLI_SOURCES})
-  target_include_directories(ksm SYSTEM PRIVATE ${LIBRARY_HEADERS})
-  # std::filesystem costs 100 kB.
-  target_compile_definitions(ksm PRIVATE CLI11_HAS_FILESYSTEM=0)
-  # String streams are 30 kB larger in C++20.
-  set_source_files_properties(src/cli/command_line.cpp PROPERTIES COMPILE_OPTIONS -std=c++17)
-  target_link_libraries(ksm PRIVATE core shell32)
-  target_link_options(ksm PRIVATE ${STRIPPED})
-endif()
+add_executable(ksm ${CLI_SOURCES})
+target_include_directories(ksm SYSTEM PRIVATE ${LIBRARY_HEADERS})
+# std::filesystem costs 100 kB.
+target_compile_definitions(ksm PRIVATE CLI11_HAS_FILESYSTEM=0)
+# String streams are 30 kB larger in C++20.
+set_source_files_properties(src/cli/command_line.cpp PROPERTIES COMPILE_OPTIONS -std=c++17)
+target_link_libraries(ksm PRIVATE core shell32)
+target_link_options(ksm PRIVATE ${STRIPPED})
 
 add_subdirectory(${GOOGLETEST_SOURCE_DIR} googletest EXCLUDE_FROM_ALL)
 # GCC 12 warns of its own string class inside GoogleTest.
@@ -65,9 +63,8 @@ list(FILTER TEST_SOURCES EXCLUDE REGEX "/tests/fuzz/")
 add_executable(tests ${TEST_SOURCES} $<TARGET_OBJECTS:resources>)
 target_include_directories(tests PRIVATE tests)
 target_link_libraries(tests PRIVATE windows oleacc gtest_main)
-if(TARGET ksm)
-  add_dependencies(tests ksm)
-endif()
+# They run the command line program as a process.
+add_dependencies(tests ksm)
 # They share one registry and one display.
 add_suites(tests COMMAND ${CMAKE_SOURCE_DIR}/tools/wine-run ${CMAKE_BINARY_DIR}/tests.exe
   PROPERTIES RESOURCE_LOCK wine)
