@@ -136,6 +136,7 @@ TEST_F(ImageButton, ShowsThePictureOfItsStateItsTooltipAndItsColours) {
     image_.SetColour(CImageButton::kBackgroundColour, [] { return face; });
     UpdateWindow(Item(kImage));
     face = RGB(9, 8, 7);
+    EXPECT_FALSE(GetUpdateRect(Item(kImage), nullptr, FALSE));
     SendMessageA(Window(), WM_SYSCOLORCHANGE, 0, 0);
     EXPECT_TRUE(GetUpdateRect(Item(kImage), nullptr, FALSE)) << "still shows the colour of before";
     EXPECT_EQ(Drawing(Item(kImage)).Face(), face);

@@ -240,14 +240,14 @@ TEST_F(ListPages, RootsAreEditedWithTheirPictures) {
     const HWND list = GetDlgItem(picker, IDC_PICTURES);
     EXPECT_EQ(ListCellText(list, SelectedRow(list), 0), "A.bmp");
     SelectRow(list, FindRow(list, "Globe.ico"));
-    RECT area{}, beside{};
-    GetClientRect(list, &area);
-    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(area.right - 5, area.bottom - 5));
-    PostMessageA(list, WM_LBUTTONUP, 0, MAKELPARAM(area.right - 5, area.bottom - 5));
-    Pump();
-    EXPECT_EQ(SelectedRow(list), FindRow(list, "Globe.ico")) << "beside the pictures nothing is chosen";
-    ListView_GetItemRect(list, SelectedRow(list), &beside, LVIR_ICON);
-    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(beside.left + 9, beside.top + 9));
+    NMITEMACTIVATE beside{};
+    beside.hdr = {list, IDC_PICTURES, static_cast<UINT>(NM_DBLCLK)};
+    beside.iItem = -1;
+    SendMessageA(picker, WM_NOTIFY, IDC_PICTURES, reinterpret_cast<LPARAM>(&beside));
+    EXPECT_TRUE(IsWindowVisible(picker)) << "a double-click beside the pictures";
+    RECT picture{};
+    ListView_GetItemRect(list, SelectedRow(list), &picture, LVIR_ICON);
+    PostMessageA(list, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(picture.left + 9, picture.top + 9));
   });
   script.Expect(kPickerTitle, [](HWND picker) {
     for (const int button : {IDC_BROWSE_PICTURE, IDC_BROWSE_PICTURE, IDOK})
