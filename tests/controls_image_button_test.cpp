@@ -125,6 +125,7 @@ TEST_F(ImageButton, ShowsThePictureOfItsStateItsTooltipAndItsColours) {
   DialogScript script;
   script.Expect("Host", [&](HWND) {
     EXPECT_TRUE(Drawing(Item(kPicture)).Shows(229));
+    EXPECT_EQ(GetPixel(Drawing(Item(kPicture)).Dc.Get(), 8, 30), GetSysColor(COLOR_BTNFACE)) << "its ground";
     picture_.SetSelected(true);
     EXPECT_TRUE(Drawing(Item(kPicture)).Shows(233));
     EXPECT_EQ(TooltipOf(Window(), kPicture), "Selects Peedy");
