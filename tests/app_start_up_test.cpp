@@ -4,13 +4,12 @@
 #include <cwchar>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "app/settings.h"
 #include "app/start_up.h"
-#include "base/unique_handle.h"
 #include "support/dialog_script.h"
 #include "support/imported_calls.h"
+#include "support/program_copies.h"
 #include "support/registry_test.h"
 #include "support/scratch_folder.h"
 
@@ -39,24 +38,6 @@ class StartUpTest : public RegistryTest {
   static void Set(const char* key, const char* value, const std::string& text) {
     RegSetKeyValueA(HKEY_LOCAL_MACHINE, key, value, REG_SZ, text.c_str(),
                     static_cast<DWORD>(text.size() + 1));
-  }
-
-  // A process that never begins to run needs nothing to end it by.
-  static UniqueProcess StartSuspended(const std::string& program) { return Start(program, CREATE_SUSPENDED); }
-  static UniqueProcess Start(const std::string& program, DWORD flags) {
-    STARTUPINFOA start{};
-    start.cb = sizeof(start);
-    PROCESS_INFORMATION process{};
-    EXPECT_TRUE(CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, flags, nullptr, nullptr,
-                               &start, &process));
-    CloseHandle(process.hThread);
-    return UniqueProcess(process.hProcess);
-  }
-  static void End(const std::vector<UniqueProcess>& processes) {
-    for (const UniqueProcess& process : processes) {
-      TerminateProcess(process.Get(), 0);
-      WaitForSingleObject(process.Get(), INFINITE);
-    }
   }
 
   const ScratchFolder folder_;
@@ -123,32 +104,24 @@ TEST_F(StartUpTest, FillsInTheDefaultBitmapsAndShowsTheMainWindow) {
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
 }
 
-// Copies of another program under the name of this one, in any case.
 TEST_F(StartUpTest, SeesASecondCopyUnderEachOfItsNames) {
-  char system[MAX_PATH] = "";
-  GetSystemDirectoryA(system, sizeof(system));
   for (const char* name : {"KELVANSTEAD scheme manager.exe", "Kelvanstead Scheme Manager"}) {
-    const std::string copy = location_ + "\\" + name;
-    fs::copy_file(fs::path(system) / "cmd.exe", copy);
-    std::vector<UniqueProcess> copies;
-    for (const bool expected : {false, true}) {
-      copies.push_back(StartSuspended(copy));
-      EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected) << name;
+    {
+      ProgramCopies copies(location_, name);
+      for (const bool expected : {false, true}) {
+        copies.Start();
+        EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected) << name;
+      }
     }
-    End(copies);
     EXPECT_FALSE(CSchemeManagerApp::IsAlreadyRunning());
   }
 }
 
 // The window of that title may be a folder's. It is restored all the same, but not raised.
 TEST_F(StartUpTest, RestoresTheFirstCopyAndRaisesNoForeignWindow) {
-  char system[MAX_PATH] = "";
-  GetSystemDirectoryA(system, sizeof(system));
-  const std::string copy = location_ + "\\Kelvanstead Scheme Manager.exe";
-  fs::copy_file(fs::path(system) / "cmd.exe", copy);
-  std::vector<UniqueProcess> copies;
-  copies.push_back(StartSuspended(copy));
-  copies.push_back(StartSuspended(copy));
+  ProgramCopies copies(location_);
+  copies.Start();
+  copies.Start();
   DialogScript script;  // a message is a fault, and closed
   const HWND titled = CreateWindowA("Static", kTitle, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, 0, 100, 100,
                                     nullptr, nullptr, nullptr, nullptr);
@@ -156,23 +129,7 @@ TEST_F(StartUpTest, RestoresTheFirstCopyAndRaisesNoForeignWindow) {
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
   EXPECT_TRUE(IsWindowVisible(titled) && !IsIconic(titled));
   EXPECT_TRUE(calls.Lines().empty()) << "it is no window of this program";
-
-  // A window of a copy is raised, unless a dialog has disabled it.
-  const std::string running = pictures_ + "\\Kelvanstead Scheme Manager.exe";
-  fs::copy_file(fs::path(system) / "notepad.exe", running);
-  copies.push_back(Start(running, 0));
-  HWND window = nullptr;
-  for (int tries = 0; tries < 500 && !IsWindowVisible(window); ++tries) {
-    Sleep(20);
-    window = FindWindowA("Notepad", nullptr);
-  }
-  for (const bool enabled : {false, true}) {
-    EnableWindow(window, enabled);
-    EXPECT_FALSE(CSchemeManagerApp().InitInstance());
-    EXPECT_EQ(calls.Lines().size(), enabled ? 1u : 0u);
-  }
   DestroyWindow(titled);
-  End(copies);
 }
 
 TEST(VersionResourceTest, NamesMakerProductAndVersion) {

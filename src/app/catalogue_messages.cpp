@@ -12,6 +12,8 @@ namespace {
 // Some forty lines of a message box: more would not fit the smallest screen.
 constexpr std::size_t kMaxNamesLength = 4000;
 
+}  // namespace
+
 std::string JoinNames(const std::vector<std::string>& names) {
   std::string text;
   std::size_t named = 0;
@@ -22,8 +24,6 @@ std::string JoinNames(const std::vector<std::string>& names) {
   if (named < names.size()) text += " and " + std::to_string(names.size() - named) + " more";
   return text;
 }
-
-}  // namespace
 
 void EndWithoutSchemes() {
   ShowWarning(nullptr,

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include "registry/catalogue/scheme_catalogue.h"
 
@@ -11,6 +13,9 @@
 
 // SchemeCatalogue::LoadCatalogue. Where the Schemes key is missing, ends the program (EndWithoutSchemes).
 void LoadCatalogueOrEnd(SchemeCatalogue& catalogue, std::size_t mostSchemes = SIZE_MAX);
+
+// The names with commas between them; of very many, the first and how many more there are.
+std::string JoinNames(const std::vector<std::string>& names);
 
 // Names the schemes of the catalogue that could not be read, in one message; none where there are none. Of
 // very many it names the first and tells how many more there are.

@@ -4,12 +4,14 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "allocation/dialog/allocation_dialog.h"
 #include "app/about_dialog.h"
 #include "app/catalogue_messages.h"
 #include "app/exchange_commands.h"
+#include "app/load_schemes_command.h"
 #include "app/main_dialog_ids.h"
 #include "app/settings.h"
 #include "controls/list_view.h"
@@ -39,11 +41,16 @@ UniqueIcon LoadIconOfSize(UINT id, int size) {
       LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
 }
 
+// Posted to the window itself. Without a file that waits it means nothing.
+constexpr UINT kOpenWaitingFile = WM_APP + 1;
+
+using UniqueDrop = UniqueHandle<HDROP, &DragFinish>;
+
 PictureFolders Pictures() { return {GetDefaultPictures(), GetUserDefinedPictures(), GetIconPath()}; }
 
 }  // namespace
 
-CMainDialog::CMainDialog() : CDialog(IDD_MAIN) {}
+CMainDialog::CMainDialog(std::wstring fileToOpen) : CDialog(IDD_MAIN), fileToOpen_(std::move(fileToOpen)) {}
 
 bool CMainDialog::OnInitDialog() {
   SetUpWindowIcons();
@@ -52,6 +59,8 @@ bool CMainDialog::OnInitDialog() {
   SetUpButtons();
   SetUpList();
   FillList();
+  AcceptFiles();
+  if (!fileToOpen_.empty()) OpenLater(fileToOpen_);
   return true;
 }
 
@@ -229,4 +238,63 @@ void CMainDialog::DeleteSelectedScheme() {
 
 void CMainDialog::LoadSchemesFromDisk() {
   LoadFromDisk(Window(), [this] { Reload(""); });
+}
+
+bool CMainDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+  switch (message) {
+    case WM_COPYDATA:
+      result = static_cast<LRESULT>(
+          OnFileOffered(reinterpret_cast<HWND>(wParam), *reinterpret_cast<const COPYDATASTRUCT*>(lParam)));
+      return true;
+    case WM_DROPFILES:
+      OnFilesDropped(reinterpret_cast<HDROP>(wParam));
+      return true;
+    case kOpenWaitingFile:
+      OpenWaitingFile();
+      return true;
+    case WM_ENABLE:
+      // A command may have begun between the offer of a file and its opening.
+      if (wParam && !fileToOpen_.empty()) PostMessageA(Window(), kOpenWaitingFile, 0, 0);
+      return false;
+    default:
+      return false;
+  }
+}
+
+void CMainDialog::AcceptFiles() {
+  constexpr UINT kCopyGlobalData = 0x49;  // by which dropped files travel
+  for (const UINT message : {UINT{WM_COPYDATA}, UINT{WM_DROPFILES}, kCopyGlobalData})
+    ChangeWindowMessageFilterEx(Window(), message, MSGFLT_ALLOW, nullptr);
+}
+
+OfferResult CMainDialog::OnFileOffered(HWND sender, const COPYDATASTRUCT& offer) {
+  const std::optional<std::wstring> path = OfferedPath(sender, offer);
+  if (!path) return OfferResult::kNotTaken;
+  if (GetFileAttributesW(path->c_str()) == INVALID_FILE_ATTRIBUTES) return OfferResult::kNotFound;
+  if (!IsWindowEnabled(Window()) || !fileToOpen_.empty()) return OfferResult::kBusy;
+  OpenLater(*path);
+  return OfferResult::kTaken;
+}
+
+void CMainDialog::OnFilesDropped(HDROP drop) {
+  const UniqueDrop dropped(drop);
+  constexpr UINT kCount = 0xFFFFFFFF;
+  if (DragQueryFileW(drop, kCount, nullptr, 0) != 1) {
+    ShowWarning(Window(), "Please drop one scheme file at a time.", "Load Schemes");
+    return;
+  }
+  std::wstring path(DragQueryFileW(drop, 0, nullptr, 0) + std::size_t{1}, L'\0');
+  path.resize(DragQueryFileW(drop, 0, path.data(), static_cast<UINT>(path.size())));
+  OpenLater(std::move(path));
+}
+
+void CMainDialog::OpenLater(std::wstring path) {
+  fileToOpen_ = std::move(path);
+  PostMessageA(Window(), kOpenWaitingFile, 0, 0);
+}
+
+void CMainDialog::OpenWaitingFile() {
+  if (!IsWindowEnabled(Window()) || fileToOpen_.empty()) return;
+  const std::wstring path = std::exchange(fileToOpen_, {});
+  OpenSchemeFile(Window(), path, [this] { Reload(""); });
 }

@@ -1,8 +1,13 @@
 // The main window: the schemes of the machine and every command of the program.
 #pragma once
 
+#include <windows.h>
+
+#include <shellapi.h>
+
 #include <string>
 
+#include "app/running_copy.h"
 #include "controls/dialog.h"
 #include "controls/image_button.h"
 #include "controls/window_handles.h"
@@ -10,7 +15,8 @@
 
 class CMainDialog : public CDialog {
  public:
-  CMainDialog();
+  // `fileToOpen` is the full path of a scheme file that is opened as soon as the window stands; "" for none.
+  explicit CMainDialog(std::wstring fileToOpen = {});
 
  private:
   bool OnInitDialog() override;
@@ -18,6 +24,7 @@ class CMainDialog : public CDialog {
   LRESULT OnNotify(const NMHDR& header) override;
   const char* HelpPage() const override { return "main-window.htm"; }
   void OnHelp(const char* page) override;
+  bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
   void SetUpWindowIcons();
   void SetUpButtons();
@@ -38,6 +45,14 @@ class CMainDialog : public CDialog {
   void LoadSchemesFromDisk();
   void ShowAbout();
 
+  // Lets files in from programs that run with fewer rights, as this one may be elevated.
+  void AcceptFiles();
+  OfferResult OnFileOffered(HWND sender, const COPYDATASTRUCT& offer);
+  void OnFilesDropped(HDROP drop);
+  // Opens the file when the messages that wait have been worked off.
+  void OpenLater(std::wstring path);
+  void OpenWaitingFile();
+
   // Loaded at start, and again after each command that changes schemes.
   SchemeCatalogue catalogue_;
   HWND list_ = nullptr;
@@ -47,4 +62,5 @@ class CMainDialog : public CDialog {
   CImageButton allocateButton_;
   CImageButton helperButton_;
   CImageButton helpButton_;
+  std::wstring fileToOpen_;
 };

@@ -12,7 +12,7 @@ std::string GetDefaultPictures();      // folder of the bitmaps that come with t
 std::string GetUserDefinedPictures();  // folder of bitmaps added by the school
 std::string GetLocation();             // the program's own folder
 
-// Opens a page of the help: the file of that name beside the help file, or the help file itself where there is
-// none or `page` is null (ShellExecuteA). Where the help file does not exist, tells the user and returns false;
-// true otherwise, whatever the shell says.
+// Opens a page of the help: the file of that name beside the help file, or the help file itself where there
+// is none or `page` is null (ShellExecuteA). Where the help file does not exist, tells the user and returns
+// false; true otherwise, whatever the shell says.
 bool ShowHelp(const char* page = nullptr);

@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
-#include <vector>
 
 #include "app/catalogue_messages.h"
+#include "app/exchange_work.h"
 #include "app/main_dialog.h"
+#include "app/running_copy.h"
 #include "app/settings.h"
 #include "base/program_processes.h"
 #include "base/unique_handle.h"
@@ -18,51 +18,41 @@
 
 namespace {
 
-constexpr char kMainWindowTitle[] = "Kelvanstead Scheme Manager";
+constexpr char kTitle[] = "Load Schemes";
 
-struct WindowSearch {
-  std::vector<DWORD> Processes;
-  HWND Found;
-};
-
-BOOL CALLBACK FindWindowThatTakesInput(HWND window, LPARAM parameter) {
-  auto& search = *reinterpret_cast<WindowSearch*>(parameter);
-  DWORD process = 0;
-  GetWindowThreadProcessId(window, &process);
-  const bool takesInput = IsWindowVisible(window) && IsWindowEnabled(window) &&
-                          (GetWindowLongA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
-  if (takesInput && std::ranges::count(search.Processes, process)) search.Found = window;
-  return search.Found == nullptr;
-}
-
-// The uppermost window of another process of this program that takes input: a dialog rather than the window
-// that it disables.
-HWND FindWindowToRaise() {
-  WindowSearch search{ProgramProcesses(), nullptr};
-  std::erase(search.Processes, GetCurrentProcessId());
-  EnumWindows(&FindWindowThatTakesInput, reinterpret_cast<LPARAM>(&search));
-  return search.Found;
-}
-
-// Restoring does not raise a window that is not minimised. And the window of that title may be another
-// program's, the folder of this one for instance.
-void BringMainWindowToFront() {
-  if (const HWND titled = FindWindowExA(nullptr, nullptr, nullptr, kMainWindowTitle))
-    ShowWindow(titled, SW_RESTORE);
-  if (const HWND window = FindWindowToRaise()) SetForegroundWindow(window);
+// The other copy has been brought to the front, so a message must ask for its place there.
+void ShowOfferResult(OfferResult result) {
+  switch (result) {
+    case OfferResult::kTaken:
+      return;
+    case OfferResult::kNotFound:
+      return ShowEnding(nullptr, Ending::kReadProblem);
+    case OfferResult::kBusy:
+      ShowWarning(nullptr,
+                  "Kelvanstead Scheme Manager is open, and one of its windows waits for you.\n"
+                  "Please close that window, then open the file again.",
+                  kTitle, MB_OK | MB_SETFOREGROUND);
+      return;
+    default:
+      ShowWarning(nullptr,
+                  "Kelvanstead Scheme Manager is open already, but cannot be asked to open this file.\n"
+                  "Please close it, then open the file again.",
+                  kTitle, MB_OK | MB_SETFOREGROUND);
+  }
 }
 
 }  // namespace
 
 bool CSchemeManagerApp::InitInstance() {
   if (IsAlreadyRunning()) {
-    BringMainWindowToFront();
+    BringRunningCopyToFront();
+    if (!file_.empty()) ShowOfferResult(OfferFile(file_));
     return false;
   }
   // The schemes come before the policy: a locked user on a machine without schemes is told of the schemes.
   if (!SchemesPresent() || !PolicyAllows() || !BitmapsAvailable()) return false;
   CopyDefaultBitmaps();
-  CMainDialog().DoModal(nullptr);
+  CMainDialog(file_).DoModal(nullptr);
   return false;
 }
 

@@ -1,11 +1,18 @@
 // The application object: its admission checks and the main window.
 #pragma once
 
+#include <string>
+#include <utility>
+
 class CSchemeManagerApp {
  public:
+  // `file` is the full path of a scheme file to open (OpenSchemeFile), "" for none.
+  explicit CSchemeManagerApp(std::wstring file = {}) : file_(std::move(file)) {}
+
   // Runs the whole program: the checks below in this order, the default bitmaps, the main window until it
-  // closes. The first check that refuses ends it. Always answers false: there is no message loop to enter
-  // afterwards.
+  // closes. The first check that refuses ends it; where another copy runs, that one is brought to the front
+  // and asked to open the file, and the user is told when it does not. Always answers false: there is no
+  // message loop to enter afterwards.
   bool InitInstance();
 
   // Whether another process of the program's file name runs, whatever its case (CreateToolhelp32Snapshot).
@@ -21,4 +28,7 @@ class CSchemeManagerApp {
   [[nodiscard]] static bool BitmapsAvailable();
   // Copies the two bitmaps that the shell expects by name from the program's folder, where they are missing.
   static void CopyDefaultBitmaps();
+
+ private:
+  const std::wstring file_;
 };

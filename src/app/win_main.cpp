@@ -1,6 +1,7 @@
 #include <windows.h>
 #include <commctrl.h>
 
+#include "app/command_line.h"
 #include "app/start_up.h"
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
@@ -8,6 +9,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
                                                           ICC_UPDOWN_CLASS | ICC_BAR_CLASSES |
                                                           ICC_TAB_CLASSES};
   InitCommonControlsEx(&classes);
-  CSchemeManagerApp().InitInstance();
+  // Now, as the start moves to the pictures folder.
+  CSchemeManagerApp(FileToOpen(GetCommandLineW())).InitInstance();
   return 0;
 }

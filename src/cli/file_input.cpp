@@ -1,27 +1,12 @@
 #include "cli/file_input.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
 #include "cli/machine.h"
 #include "cli/progress_line.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/scheme_file.h"
-
-namespace {
-
-void AddDescriptions(SchemeHive& hive) {
-  std::map<std::string, const std::string*> descriptions;
-  for (const SchemeEntry& entry : hive.Config.Entries)
-    descriptions[entry.Name] = &entry.Description;
-  for (SchemeProperties& scheme : hive.Schemes) {
-    const auto found = descriptions.find(scheme.Name);
-    if (found != descriptions.end()) scheme.Description = *found->second;
-  }
-}
-
-}  // namespace
 
 ExitCode ReadAndCheck(const std::string& path, RecordList& records, CheckResult& check, Output& output) {
   std::string bytes;

@@ -60,7 +60,8 @@ struct CountedSectionLayout {
   ItemListLayout<SchemeProperties, Item> Items;
 };
 
-inline constexpr ItemPart<FolderRoot> kFolderRootParts[] = {{"", "", kFolderRootFields, kFolderRootFileFields}};
+inline constexpr ItemPart<FolderRoot> kFolderRootParts[] = {
+    {"", "", kFolderRootFields, kFolderRootFileFields}};
 inline constexpr CountedSectionLayout<FolderRoot> kFolderDisplayLayout{
     "FolderDisplay",
     "RootFolderCount",

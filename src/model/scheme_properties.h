@@ -96,8 +96,8 @@ struct SchemeProperties {
   bool operator==(const SchemeProperties&) const = default;
 };
 
-// Whether `name` can name a scheme's key: not empty, no backslash, no NUL, at most the 255 characters that the
-// name of a registry key can have.
+// Whether `name` can name a scheme's key: not empty, no backslash, no NUL, at most the 255 characters that
+// the name of a registry key can have.
 inline bool IsSchemeName(std::string_view name) {
   constexpr std::size_t kMaxNameLength = 255;
   return !name.empty() && name.size() <= kMaxNameLength &&

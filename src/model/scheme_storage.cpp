@@ -142,9 +142,10 @@ bool AddMissingProperties(const std::string& name) {
   complete &= AddMissingFields<TabSelection>(SectionPath(name, kTabSelectionKey), kTabSelectionFields,
                                              MissingKey::kAdd);
   for (int page = 1; page <= 3; ++page)
-    complete &= AddMissingFields<ToolBarPage>(ToolBarPagePath(name, page), kToolBarPageFields, MissingKey::kAdd);
-  complete &=
-      AddMissingFields<SchemeDefaults>(SectionPath(name, kDefaultsKey), kDefaultsSaveFields, MissingKey::kAdd);
+    complete &=
+        AddMissingFields<ToolBarPage>(ToolBarPagePath(name, page), kToolBarPageFields, MissingKey::kAdd);
+  complete &= AddMissingFields<SchemeDefaults>(SectionPath(name, kDefaultsKey), kDefaultsSaveFields,
+                                               MissingKey::kAdd);
   return complete;
 }
 

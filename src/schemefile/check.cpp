@@ -75,7 +75,8 @@ class FileCheck {
     if (IsFull()) return;
     std::string record(Shortened(key1));
     if (!key2.empty()) record += ", " + Shortened(key2);
-    result_.Findings.push_back({kind, Shortened(scheme_), std::move(record), offset, std::move(text)});
+    result_.Findings.push_back({kind, IsSchemeName(scheme_) ? scheme_ : Shortened(scheme_), std::move(record),
+                                offset, std::move(text)});
   }
   void AddAt(std::size_t position, FindingKind kind, std::string text) {
     const SchemeRecord record = Records()[position];

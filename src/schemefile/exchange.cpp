@@ -3,8 +3,10 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <map>
 #include <utility>
 
+#include "base/names.h"
 #include "model/property_records.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"
@@ -74,6 +76,16 @@ void ImportSchemes(SchemeHive& hive, const Progress& progress) {
   hive.Config.ReadFromFile();
   steps.Step();
   hive.Schemes = ReadSchemes(store, count, [&steps] { steps.Step(); });
+}
+
+void AddDescriptions(SchemeHive& hive) {
+  std::map<std::string, const std::string*, NameLess> descriptions;
+  for (const SchemeEntry& entry : hive.Config.Entries)
+    descriptions[entry.Name] = &entry.Description;
+  for (SchemeProperties& scheme : hive.Schemes) {
+    const auto found = descriptions.find(scheme.Name);
+    if (found != descriptions.end()) scheme.Description = *found->second;
+  }
 }
 
 ImportProblems ApplyImport(const SchemeHive& hive, const SettingsCaution& caution, const Progress& progress) {

@@ -36,6 +36,9 @@ void ExportSchemes(const SchemeHive& hive, const Progress& progress);
 // ReadSchemes allows.
 void ImportSchemes(SchemeHive& hive, const Progress& progress);
 
+// Gives each scheme of the hive its description out of the config list.
+void AddDescriptions(SchemeHive& hive);
+
 // What an import could not write.
 struct ImportProblems {
   bool ConfigList = false;           // one of the pairs, or all
