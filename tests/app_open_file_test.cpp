@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "app/command_line.h"
 #include "app/main_dialog.h"
@@ -164,6 +165,7 @@ TEST_F(OpenFileTest, OpensWhatASecondCopyOffers) {
     Pump();
     EXPECT_EQ(Offer(window, sender, widePath_ + L".none" + L'\0'), OfferResult::kNotFound);
     script_.Expect("About Kelvanstead Scheme Manager", [&](HWND about) {
+      EXPECT_EQ(TakeBeeps(), (std::vector<UINT>{0})) << "the default sound";
       EXPECT_EQ(Offer(window, sender, widePath_ + L'\0'), OfferResult::kBusy);
       Click(about, IDOK);
     });

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kNameWidth = 130, kEffectWidth = 155;    // of the schemes
 constexpr int kSettingWidth = 190, kValueWidth = 150;  // of their settings
-constexpr std::size_t kMaxCellText = 259;              // what a list shows of a text
 
 // What a list shows of a text: not all of a very long one, and nothing that breaks the line.
 std::string OnOneLine(const std::string& text) {
