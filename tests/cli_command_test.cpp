@@ -2,9 +2,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
-#include <iomanip>
-#include <sstream>
 #include <string>
+#include <vector>
 
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
@@ -65,31 +64,6 @@ class CliCommandTest : public CommandLineTest {
   const std::string missing_ = folder_.File("missing\\missing.ksf");
 };
 
-std::string Escaped(const std::string& text) {
-  std::ostringstream escaped;
-  escaped << std::quoted(text);
-  return escaped.str();
-}
-
-// The rows of the table of candidates, each in one line with "-" for an empty cell.
-std::string Tried(const std::string& results, const std::string& user) {
-  const std::size_t start = results.find("Tried"), header = results.find('\n', start);
-  const std::string head = results.substr(start, header - start);
-  std::string tried;
-  std::istringstream rows(results.substr(header + 1));
-  for (std::string row; std::getline(rows, row) && !row.empty();) {
-    if (!tried.empty()) tried += ", ";
-    for (const char* column : {"Tried", "Of", "Scheme", "Outcome"}) {
-      const std::size_t from = head.find(column), to = row.find("  ", from);
-      const std::string cell = row.substr(from, row[from] == ' ' ? 0 : to - from);
-      tried += (column == std::string("Tried") ? "" : " ") + (cell.empty()   ? "-"
-                                                              : cell == user ? "USER"
-                                                                             : cell);
-    }
-  }
-  return tried;
-}
-
 struct Row {
   std::string Arguments;
   DWORD Code;
@@ -99,7 +73,7 @@ struct Row {
 TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
   const Row rows[] = {
       {"--version", 0, "ksm 2.28.0.0\n", ""},
-      {"", 2, "", "ksm: A command is required; \"ksm --help\" lists them\n"},
+      {"", 2, "", "ksm: A subcommand is required\n"},
       {"frob", 2, "", "frob: There is no such command; \"ksm --help\" lists them\n"},
       {"list x", 2, "", "ksm list: The following argument was not expected: x\n"},
       {"import", 2, "", "ksm import: FILE is required\n"},
@@ -240,53 +214,6 @@ TEST_F(CliCommandTest, AllocatesAndChoosesTheHelper) {
   ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserSchemes), R"([] "ann"="" "ben"="Staff")");
   ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kClassSchemes), R"([] "Elm"="Juniors" "Oak"="juniors")");
   ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes), R"([] "Pupils"="Staff")");
-}
-
-// The same rows as the resolver's own test, as far as a process sees other things than it does.
-TEST_F(CliCommandTest, ExplainsEachWayToAScheme) {
-  char folder[MAX_PATH];
-  GetModuleFileNameA(nullptr, folder, sizeof(folder));
-  const std::string component = std::string(folder, strrchr(folder, '\\')) + "\\Environment.dll";
-  const std::string user = getenv("USERNAME");
-  Add(Described("Default User"));
-  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Half"), "[WebLinks] \"WebLinksCount\"=dword:1");
-  const struct {
-    int Code;
-    std::string AccountType, ofClass, Own, ofUser, ofGroup, Tried;
-  } cases[] = {
-      {6, "Pupils", "Infants", "", "Staff", "Staff", "class Oak Infants loaded"},
-      {3, "pupil", "Infants", "", "Staff", "Staff", "class Oak Infants loaded"},
-      {6, "Staff", "Infants", "Juniors", "", "Staff", "user USER - no scheme, group Staff Staff loaded"},
-      {3, "Staff", "Infants", "", "Juniors", "Staff", "user USER Juniors loaded"},
-      {6, "Pupils", "Half", "", "", "Away",
-       "class Oak Half incomplete, user USER - no scheme, group Pupils Away missing, "
-       "default - Default User loaded"},
-      {8, "Pupils", "Infants", "Juniors", "Staff", "Staff", "own choice - Juniors loaded"},
-      {9, "Pupils", "Infants", "Away", "Staff", "", "own choice - Away missing, user USER Staff loaded"},
-      {99, "Pupils", "Infants", "", "", "Staff",
-       "own choice - - no scheme, user USER - no scheme, group - - no scheme, default - Default User loaded"},
-      {0, "Pupils", "Infants", "Juniors", "Staff", "", "user USER Staff loaded"},
-  };
-  WriteTree(HKEY_LOCAL_MACHINE, "Software\\Classes\\CLSID\\{E656B628-C6DD-4125-931C-5FCA10F47A42}",
-            "[InprocServer32] @=" + Escaped(component) + " \"ThreadingModel\"=\"Apartment\"");
-  for (const auto& [code, accountType, ofClass, own, ofUser, ofGroup, tried] : cases) {
-    SCOPED_TRACE(tried);
-    const std::string pupils = "\"Current Class\"=\"Oak\" \"Current Mode\"=" + Escaped(accountType);
-    WriteTree(HKEY_LOCAL_MACHINE, "Software\\Tessaly",
-              "[Tallowby] \"Environment Code\"=dword:" + std::to_string(code == 99 ? 63 : code) +
-                  "[Tallowby\\Accounts\\" + user + "] \"Account Type\"=" + Escaped(accountType) +
-                  "[Crateling\\Benchspace] " + pupils + "[Kelvanstead\\Class Schemes] \"Oak\"=" +
-                  Escaped(ofClass) + "[Kelvanstead\\User Schemes] " + Escaped(user) + "=" + Escaped(ofUser) +
-                  "[Kelvanstead\\User Group Schemes] " + Escaped(accountType) + "=" + Escaped(ofGroup));
-    WriteTree(HKEY_CURRENT_USER, "Software\\Tessaly",
-              "[Benchspace] \"Current Class\"=\"Oak\" [Kelvanstead] \"ConfigToUse\"=" + Escaped(own));
-    const CommandResult run = Run("explain");
-    EXPECT_EQ(run.Code, 0u);
-    EXPECT_EQ(Tried(run.Results, user), tried);
-    const std::size_t last = tried.rfind(" loaded");
-    EXPECT_NE(run.Results.find(code == 0 ? "This user gets Error\n" : "This user gets "), std::string::npos)
-        << last;
-  }
 }
 
 // What some commands need is a file; the others are told nothing that could be wrong.

@@ -8,15 +8,7 @@
 
 namespace {
 
-constexpr DWORD kTallowbyAndBenchspace = 6;
-
-// The code is another one where the machine states so.
-LONG Code() {
-  DWORD code = kTallowbyAndBenchspace, size = sizeof(code);
-  RegGetValueA(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\Tallowby", "Environment Code", RRF_RT_REG_DWORD,
-               nullptr, &code, &size);
-  return static_cast<LONG>(code);
-}
+constexpr LONG kTallowbyAndBenchspace = 6;
 
 // One object for the class and its factory, never destroyed.
 struct Environment : IDispatch {
@@ -39,7 +31,7 @@ struct Environment : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE Unused2() { return E_NOTIMPL; }
   virtual HRESULT STDMETHODCALLTYPE Unused3() { return E_NOTIMPL; }
   virtual HRESULT STDMETHODCALLTYPE GetEnvironmentCode(LONG* code) {
-    *code = Code();
+    *code = kTallowbyAndBenchspace;
     return S_OK;
   }
 };

@@ -38,12 +38,6 @@ bool IsKnown(AllocationKind kind, const std::string& name) {
   });
 }
 
-const char* EnvironmentWords(int code) {
-  if (IsPerUserEnvironment(code)) return "the scheme is a setting of each user";
-  if (IsTallowbyEnvironment(code)) return "Tallowby and Benchspace know the classes and users";
-  return IsCratelingEnvironment(code) ? "Crateling knows the classes and users" : "no environment";
-}
-
 const char* SourceWords(CandidateSource source) {
   switch (source) {
     case CandidateSource::kClass:
@@ -93,8 +87,7 @@ void PrintTraceAsJson(const SchemeTrace& trace, Output& output) {
 
 void PrintTrace(const SchemeTrace& trace, Output& output) {
   output.PrintTable({{"User", trace.UserName},
-                     {"Environment",
-                      std::to_string(trace.EnvironmentCode) + ": " + EnvironmentWords(trace.EnvironmentCode)},
+                     {"Environment code", std::to_string(trace.EnvironmentCode)},
                      {"Account type", trace.AccountType},
                      {"Class", trace.ClassName}});
   output.Print("");

@@ -98,8 +98,7 @@ class CommandLine {
     if (!commands.empty()) return output.Problem("ksm " + commands[0]->get_name(), error.what());
     const bool isNamed = !arguments.empty() && arguments[0].rfind('-', 0) != 0;
     output.Problem(isNamed ? arguments[0] : "ksm",
-                   std::string(isNamed ? "There is no such command" : "A command is required") +
-                       "; \"ksm --help\" lists them");
+                   isNamed ? "There is no such command; \"ksm --help\" lists them" : error.what());
   }
 
   void AddJson(CLI::App* command) { command->add_flag("--json", options_.Json, "The same as JSON"); }
