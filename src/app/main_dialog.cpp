@@ -26,7 +26,6 @@ namespace {
 constexpr COLORREF kButtonText = 0x800000;  // navy blue
 constexpr int kButtonIconSize = 16;
 constexpr int kColumnWidth = 180;
-constexpr int kLeastColumnWidth = 40;
 
 constexpr int kListIconSize = 16;
 constexpr int kImageListRoom = 300;
@@ -107,7 +106,7 @@ void CMainDialog::FillList(int rowToSelect) {
     InsertRow(row++, scheme);
   SendMessageA(list_, WM_SETREDRAW, TRUE, 0);
   // Only now does the list know whether it needs a scroll bar.
-  FitDescriptionColumn();
+  StretchListColumn(list_, 1);
   if (rowToSelect >= 0) {
     SelectRow(list_, rowToSelect);
   } else {
@@ -131,14 +130,6 @@ void CMainDialog::InsertRow(int row, const SchemeEntry& scheme) {
   InsertListRow(list_, row, scheme.Name.c_str(),
                 catalogue_.IsProtected(scheme.Name) ? kBuiltInImage : kSchemeImage);
   SetListCell(list_, row, 1, scheme.Description.c_str());
-}
-
-// The column fills the list, less the scroll bar that a filled list may have.
-void CMainDialog::FitDescriptionColumn() {
-  RECT area{};
-  GetClientRect(list_, &area);
-  const int width = static_cast<int>(area.right) - ListView_GetColumnWidth(list_, 0);
-  ListView_SetColumnWidth(list_, 1, std::max(width, kLeastColumnWidth));
 }
 
 void CMainDialog::Reload(const std::string& schemeToSelect) {
@@ -209,29 +200,7 @@ void CMainDialog::CreateNewScheme() {
 void CMainDialog::DeleteSelectedScheme() {
   const int row = SelectedRow(list_);
   if (row < 0) return;
-  const std::string name = ListCellText(list_, row, 0);
-  if (name.empty()) {
-    ShowWarning(Window(),
-                "As the name of this scheme is a blank deleting it is not possible.\n"
-                "Please contact your system administrator for help",
-                "Error");
-    return;
-  }
-  catalogue_.LoadProtectedSchemes();
-  if (catalogue_.IsProtected(name)) {
-    ShowWarning(Window(), name + " is a built in scheme and cannot be removed", "Error");
-    return;
-  }
-  if (catalogue_.IsAmbiguous(name)) {
-    ShowWarning(Window(), name + " cannot be told apart from another scheme and cannot be removed", "Error");
-    return;
-  }
-  if (ShowWarning(Window(), "Are you sure you want to delete this scheme ?", "Scheme Deletion",
-                  MB_OKCANCEL) != IDOK) {
-    return;
-  }
-  // What the registry refuses to delete is not reported: the list shows it.
-  (void)catalogue_.Remove(name);
+  if (!DeleteScheme(Window(), catalogue_, ListCellText(list_, row, 0))) return;
   LoadCatalogueOrEnd(catalogue_);
   FillList(std::min(row, static_cast<int>(catalogue_.Schemes().size()) - 1));
 }

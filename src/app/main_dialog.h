@@ -37,7 +37,6 @@ class CMainDialog : public CDialog {
   void FillList(int rowToSelect = -1);
   void RebuildImageList();
   void InsertRow(int row, const SchemeEntry& scheme);
-  void FitDescriptionColumn();
 
   void EditSelectedScheme();
   void CreateNewScheme();

@@ -26,7 +26,7 @@ bool SettleName(HWND owner, const SchemeCatalogue& catalogue, const std::string&
 
 // Reads the scheme as the registry has it now. One that the registry does not give is not opened: what is
 // missing on the screen would be written back over what is there.
-bool ReadScheme(HWND owner, const SchemeCatalogue& catalogue, const SchemeEntry& entry,
+bool OpenScheme(HWND owner, const SchemeCatalogue& catalogue, const SchemeEntry& entry,
                 SchemeProperties& scheme) {
   if (catalogue.ReadScheme(entry, scheme) != Outcome::kFailed) return true;
   ShowWarning(owner, entry.Name + " could not be read, so it is left as it is.\nPlease try again later.",
@@ -39,7 +39,7 @@ bool ReadScheme(HWND owner, const SchemeCatalogue& catalogue, const SchemeEntry&
 bool ReadSource(HWND owner, const SchemeCatalogue& catalogue, const std::string& name,
                 SchemeProperties& source) {
   if (const auto found = catalogue.Find(name))
-    return ReadScheme(owner, catalogue, catalogue.Schemes()[*found], source);
+    return OpenScheme(owner, catalogue, catalogue.Schemes()[*found], source);
   source.Tabs = {1, 1, 1};
   return true;
 }
@@ -51,17 +51,16 @@ std::vector<std::string> SchemeNames(const SchemeCatalogue& catalogue) {
   return names;
 }
 
-// Whether the scheme may be edited; tells the user when it may not.
-bool MayEdit(HWND owner, const SchemeCatalogue& catalogue, const std::string& name) {
+// Whether the scheme may be changed; tells the user when it may not. `change` completes "cannot be".
+bool MayChange(HWND owner, const SchemeCatalogue& catalogue, const std::string& name, const char* change) {
+  const char* reason = nullptr;
   if (catalogue.IsProtected(name)) {
-    ShowWarning(owner, name + " is a built in scheme and cannot be edited", "Error");
-    return false;
+    reason = " is a built in scheme";
+  } else if (catalogue.IsAmbiguous(name)) {
+    reason = " cannot be told apart from another scheme";
   }
-  if (catalogue.IsAmbiguous(name)) {
-    ShowWarning(owner, name + " cannot be told apart from another scheme and cannot be edited", "Error");
-    return false;
-  }
-  return true;
+  if (reason) ShowWarning(owner, name + reason + " and cannot be " + change, "Error");
+  return !reason;
 }
 
 }  // namespace
@@ -70,7 +69,7 @@ std::optional<std::string> EditScheme(HWND owner, SchemeCatalogue& catalogue, st
                                       const PictureFolders& folders) {
   const SchemeEntry entry = catalogue.Schemes()[index];
   SchemeProperties edited;
-  if (!MayEdit(owner, catalogue, entry.Name) || !ReadScheme(owner, catalogue, entry, edited))
+  if (!MayChange(owner, catalogue, entry.Name, "edited") || !OpenScheme(owner, catalogue, entry, edited))
     return std::nullopt;
   CMyPropertySheet sheet("Existing Scheme Properties", edited, folders);
   if (!sheet.Run(owner)) return std::nullopt;
@@ -95,4 +94,22 @@ std::optional<std::string> CreateScheme(HWND owner, SchemeCatalogue& catalogue,
   if (!SettleName(owner, catalogue, "", created.Name)) return std::nullopt;
   (void)catalogue.Append(created);
   return created.Name;
+}
+
+bool DeleteScheme(HWND owner, SchemeCatalogue& catalogue, const std::string& name) {
+  if (name.empty()) {
+    ShowWarning(owner,
+                "As the name of this scheme is a blank deleting it is not possible.\n"
+                "Please contact your system administrator for help",
+                "Error");
+    return false;
+  }
+  catalogue.LoadProtectedSchemes();
+  if (!MayChange(owner, catalogue, name, "removed")) return false;
+  if (ShowWarning(owner, "Are you sure you want to delete this scheme ?", "Scheme Deletion", MB_OKCANCEL) !=
+      IDOK) {
+    return false;
+  }
+  (void)catalogue.Remove(name);
+  return true;
 }

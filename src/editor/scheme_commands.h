@@ -1,5 +1,5 @@
-// The commands that create and edit schemes. They read the scheme from the registry, show the sheet, settle
-// the scheme's name and change the catalogue; nothing is written before the user has confirmed.
+// The commands that create, edit and delete schemes. They ask the user what is to be known, in the property
+// sheet or a message box, and change the catalogue; nothing is written before the user has confirmed.
 #pragma once
 
 #include <windows.h>
@@ -22,3 +22,9 @@ std::optional<std::string> EditScheme(HWND owner, SchemeCatalogue& catalogue, st
 // to copy; it may be "". Returns the name of the new scheme when the user confirmed.
 std::optional<std::string> CreateScheme(HWND owner, SchemeCatalogue& catalogue,
                                         const std::string& selectedScheme, const PictureFolders& folders);
+
+// Deletes the scheme of that name with its allocations (SchemeCatalogue::Remove) once the user has confirmed.
+// Refused with a message: a blank name, a built-in scheme, and one that cannot be told apart from another.
+// What the registry refuses to delete is not told: the list, loaded again, shows it. Returns whether anything
+// may have changed.
+bool DeleteScheme(HWND owner, SchemeCatalogue& catalogue, const std::string& name);
