@@ -31,17 +31,6 @@ Ending Read(HWND owner, const std::string& path, SchemeHive& hive) {
   }
 }
 
-// From here on something may have changed. What the registry refuses is not reported, but for the key that
-// guards the config list.
-Ending Apply(HWND owner, const SchemeHive& hive) {
-  try {
-    (void)WriteToRegistry(owner, hive);
-    return Ending::kDone;
-  } catch (const std::exception&) {
-    return Ending::kImportProblem;
-  }
-}
-
 }  // namespace
 
 void SaveToDisk(HWND owner) {
@@ -67,8 +56,8 @@ void LoadFromDisk(HWND owner, const std::function<void()>& reload) {
     SchemeHive hive;
     ending = Read(owner, chosen->Path, hive);
     if (ending == Ending::kDone) {
-      ending = Apply(owner, hive);
-      reload();
+      ImportProblems refused;  // not told by this command
+      ending = WriteAndReload(owner, hive, reload, refused);
     }
   }
   ShowEnding(owner, ending);

@@ -2,9 +2,11 @@
 
 #include <io.h>
 
+#include <exception>
 #include <optional>
 
 #include "app/catalogue_messages.h"
+#include "controls/command_guard.h"
 #include "controls/message.h"
 #include "controls/progress_bar.h"
 #include "schemefile/records/record_store.h"
@@ -59,7 +61,28 @@ void ShowImportProblem(HWND owner) {
 void Export(HWND owner, const SchemeHive& hive, SchemeFile& file) {
   ProgressWindow progress(owner, kSavingText);
   file.Save(hive, progress.Callback());
-  if (TheRecordStore().ExportFailed) ShowExportProblem(nullptr);
+  if (!TheRecordStore().ExportFailed) return;
+  DropInput();
+  ShowExportProblem(nullptr);
+}
+
+ImportProblems WriteToRegistry(HWND owner, const SchemeHive& hive) {
+  ProgressWindow progress(owner, kLoadingText);
+  const auto caution = [](const std::string& keyPath) {
+    DropInput();
+    ShowMessage(GetActiveWindow(), "Caution: There has been a problem setting " + keyPath,
+                "Settings Problem");
+  };
+  return ApplyImport(hive, caution, progress.Callback());
+}
+
+bool Completes(const std::function<void()>& work) {
+  try {
+    work();
+    return true;
+  } catch (const std::exception&) {  // more than memory holds
+    return false;
+  }
 }
 
 }  // namespace
@@ -104,7 +127,10 @@ CatalogueResult ReadMachineOrEnd(HWND owner, SchemeHive& hive, const char* text)
     ProgressWindow progress(owner, text);
     result = ReadMachine(hive, progress.Callback());
   }
-  if (result == CatalogueResult::kNoSchemesKey) EndWithoutSchemes();
+  if (result == CatalogueResult::kNoSchemesKey) {
+    DropInput();
+    EndWithoutSchemes();
+  }
   return result;
 }
 
@@ -122,14 +148,14 @@ Ending SaveMachine(HWND owner, const ChosenFile& chosen) {
 void ReadRecords(HWND owner, SchemeHive& hive) {
   ProgressWindow progress(owner, kLoadingText);
   ImportSchemes(hive, progress.Callback());
-  if (TheRecordStore().ImportFailed) ShowImportProblem(nullptr);
+  if (!TheRecordStore().ImportFailed) return;
+  DropInput();
+  ShowImportProblem(nullptr);
 }
 
-ImportProblems WriteToRegistry(HWND owner, const SchemeHive& hive) {
-  ProgressWindow progress(owner, kLoadingText);
-  const auto caution = [](const std::string& keyPath) {
-    ShowMessage(GetActiveWindow(), "Caution: There has been a problem setting " + keyPath,
-                "Settings Problem");
-  };
-  return ApplyImport(hive, caution, progress.Callback());
+Ending WriteAndReload(HWND owner, const SchemeHive& hive, const std::function<void()>& reload,
+                      ImportProblems& problems) {
+  const bool written = Completes([&] { problems = WriteToRegistry(owner, hive); });
+  const bool reloaded = Completes(reload);
+  return written && reloaded ? Ending::kDone : Ending::kImportProblem;
 }

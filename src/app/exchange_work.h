@@ -1,9 +1,11 @@
 // What the commands on scheme files are made of: pieces of work, each behind a progress window of its own,
-// and what the user is told at the end. What takes more than memory holds throws.
+// and what the user is told of it. What takes more than memory holds throws, unless a function says
+// otherwise.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 
 #include "controls/file_dialog.h"
@@ -27,6 +29,8 @@ CatalogueResult ReadMachineOrEnd(HWND owner, SchemeHive& hive, const char* text)
 // Fills the hive from its records (ImportSchemes).
 void ReadRecords(HWND owner, SchemeHive& hive);
 
-// Writes the hive to the registry (ApplyImport) and warns where the key that guards the config list is
-// missing.
-ImportProblems WriteToRegistry(HWND owner, const SchemeHive& hive);
+// Writes the hive to the registry (ApplyImport), warns where the key that guards the config list is missing,
+// and calls `reload` in any case, as from here on something may have changed. Whatever throws on the way ends
+// in kImportProblem; else kDone, with `problems` telling what the registry refused.
+[[nodiscard]] Ending WriteAndReload(HWND owner, const SchemeHive& hive, const std::function<void()>& reload,
+                                    ImportProblems& problems);

@@ -95,15 +95,8 @@ bool Choose(HWND owner, LoadPlan& plan) {
 Ending Load(HWND owner, OpenedFile& file, const std::function<void()>& reload, ImportProblems& problems) {
   const CommandGuard guard(owner);
   const WaitCursor waitCursor;
-  Ending ending = Ending::kDone;
-  try {
-    KeepChosen(file.Plan, file.Hive);
-    problems = WriteToRegistry(owner, file.Hive);
-  } catch (const std::exception&) {
-    ending = Ending::kImportProblem;
-  }
-  reload();
-  return ending;
+  KeepChosen(file.Plan, file.Hive);
+  return WriteAndReload(owner, file.Hive, reload, problems);
 }
 
 void ShowProblems(HWND owner, const ImportProblems& problems) {
