@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ std::string JoinNames(const std::vector<std::string>& names) {
     text += names[named];
   }
   if (named < names.size()) text += " and " + std::to_string(names.size() - named) + " more";
+  // A message would end at it.
+  std::ranges::replace(text, '\0', '?');
   return text;
 }
 
@@ -35,8 +38,8 @@ void EndWithoutSchemes() {
   ExitProcess(0);
 }
 
-void LoadCatalogueOrEnd(SchemeCatalogue& catalogue, std::size_t mostSchemes) {
-  if (catalogue.LoadCatalogue(mostSchemes) == CatalogueResult::kNoSchemesKey) EndWithoutSchemes();
+void LoadCatalogueOrEnd(SchemeCatalogue& catalogue, std::size_t maxSchemes) {
+  if (catalogue.LoadCatalogue(maxSchemes) == CatalogueResult::kNoSchemesKey) EndWithoutSchemes();
 }
 
 void ReportUnreadableSchemes(const SchemeCatalogue& catalogue) {

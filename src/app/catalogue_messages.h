@@ -12,9 +12,10 @@
 [[noreturn]] void EndWithoutSchemes();
 
 // SchemeCatalogue::LoadCatalogue. Where the Schemes key is missing, ends the program (EndWithoutSchemes).
-void LoadCatalogueOrEnd(SchemeCatalogue& catalogue, std::size_t mostSchemes = SIZE_MAX);
+void LoadCatalogueOrEnd(SchemeCatalogue& catalogue, std::size_t maxSchemes = SIZE_MAX);
 
-// The names with commas between them; of very many, the first and how many more there are.
+// The names with commas between them, a NUL in one as "?"; of very many, the first and how many more there
+// are.
 std::string JoinNames(const std::vector<std::string>& names);
 
 // Names the schemes of the catalogue that could not be read, in one message; none where there are none. Of

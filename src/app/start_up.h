@@ -11,7 +11,7 @@ class CSchemeManagerApp {
 
   // Runs the whole program: the checks below in this order, the default bitmaps, the main window until it
   // closes. The first check that refuses ends it; where another copy runs, that one is brought to the front
-  // and asked to open the file, and the user is told when it does not. Always answers false: there is no
+  // and asked to open the file, and the user is told when it does not. Always returns false: there is no
   // message loop to enter afterwards.
   bool InitInstance();
 

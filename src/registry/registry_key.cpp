@@ -122,7 +122,7 @@ bool RegistryKey::GetString(const char* name, const char** text) {
   DWORD size = 0;
   for (DWORD capacity = kOrdinarySize;; capacity = std::max(size, capacity * 2)) {
     string_ = Allocate(std::size_t{capacity} + 1);
-    if (!string_) return false;
+    if (!string_) return Succeeded(ERROR_NOT_ENOUGH_MEMORY);
     size = capacity;
     const bool fits = Query(name, &type, string_.get(), &size);
     if (!fits && lastError_ != ERROR_MORE_DATA) return false;
