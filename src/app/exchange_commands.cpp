@@ -15,14 +15,8 @@ namespace {
 Ending Read(HWND owner, const std::string& path, SchemeHive& hive) {
   try {
     SchemeFile file;
-    switch (file.Read(path, path)) {
-      case FileResult::kUnreadable:
-        return Ending::kReadProblem;
-      case FileResult::kNotASchemeFile:
-        return Ending::kFileLoadProblem;
-      case FileResult::kDone:
-        break;
-    }
+    const Ending read = EndingOf(file.Read(path, path));
+    if (read != Ending::kDone) return read;
     hive.Records = file.TakeRecords();
     ReadRecords(owner, hive);
     return Ending::kDone;

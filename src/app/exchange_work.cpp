@@ -10,7 +10,6 @@
 #include "controls/message.h"
 #include "controls/progress_bar.h"
 #include "schemefile/records/record_store.h"
-#include "schemefile/scheme_file.h"
 
 namespace {
 
@@ -93,6 +92,17 @@ FileRequest SchemeFileRequest(HWND owner, DWORD flags) {
           .Extension = "ksf",
           .Flags = flags,
           .Path = "*.ksf"};
+}
+
+Ending EndingOf(FileResult result) {
+  switch (result) {
+    case FileResult::kUnreadable:
+      return Ending::kReadProblem;
+    case FileResult::kNotASchemeFile:
+      return Ending::kFileLoadProblem;
+    default:
+      return Ending::kDone;
+  }
 }
 
 void ShowEnding(HWND owner, Ending ending) {

@@ -10,11 +10,15 @@
 
 #include "controls/file_dialog.h"
 #include "schemefile/exchange.h"
+#include "schemefile/scheme_file.h"
 
 // What a file dialog for scheme files asks for; `flags` are OFN_ flags.
 FileRequest SchemeFileRequest(HWND owner, DWORD flags);
 
 enum class Ending { kDone, kFolderMissing, kExportProblem, kReadProblem, kFileLoadProblem, kImportProblem };
+
+// How a command ends that read its file so.
+Ending EndingOf(FileResult result);
 
 // Tells the user; nothing of kDone.
 void ShowEnding(HWND owner, Ending ending);

@@ -36,14 +36,8 @@ struct OpenedFile {
 
 Ending ReadAndCompare(HWND owner, const std::string& path, OpenedFile& file) {
   std::string bytes;
-  switch (ReadSchemeFile(path, bytes)) {
-    case FileResult::kUnreadable:
-      return Ending::kReadProblem;
-    case FileResult::kNotASchemeFile:
-      return Ending::kFileLoadProblem;
-    case FileResult::kDone:
-      break;
-  }
+  const Ending read = EndingOf(ReadSchemeFile(path, bytes));
+  if (read != Ending::kDone) return read;
   file.Hive.Records = SplitRecords(std::move(bytes));
   const CheckResult check = CheckRecords(file.Hive.Records);
   ReadRecords(owner, file.Hive);
