@@ -18,11 +18,15 @@ struct RegistryKeyTest : RegistryTest {
 };
 
 TEST_F(RegistryKeyTest, WritesWhatItPromisesAndCreatesOnlyWhenTold) {
-  EXPECT_FALSE(reader_.SetDword("Number", 1) || reader_.Open() || reader_.FirstValue(&text_));
+  EXPECT_FALSE(reader_.SetDword("Number", 1));
+  EXPECT_FALSE(reader_.Open());
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
-  EXPECT_TRUE(writer_.SetDword("Number", 0x80000001) && writer_.SetBool("On", true) &&
-              writer_.SetBool("Off", false) && writer_.SetString("Text", "C:\\Work") &&
-              writer_.SetExpandString("Expandable", "%A%") && writer_.SetString("Null", nullptr));
+  EXPECT_TRUE(writer_.SetDword("Number", 0x80000001));
+  EXPECT_TRUE(writer_.SetBool("On", true));
+  EXPECT_TRUE(writer_.SetBool("Off", false));
+  EXPECT_TRUE(writer_.SetString("Text", "C:\\Work"));
+  EXPECT_TRUE(writer_.SetExpandString("Expandable", "%A%"));
+  EXPECT_TRUE(writer_.SetString("Null", nullptr));
   writer_.SetCreate(RegistryKey::kOpen);
   EXPECT_FALSE(writer_.SetDword("Number", 2));
   EXPECT_EQ(ERROR_ACCESS_DENIED, writer_.LastError());
@@ -33,7 +37,7 @@ TEST_F(RegistryKeyTest, WritesWhatItPromisesAndCreatesOnlyWhenTold) {
 
 // A value as it may lie in a damaged registry, and what the getters make of it.
 TEST_F(RegistryKeyTest, ReadsDamagedValuesWithoutHarm) {
-  const std::string longer(512, 'b'), large(70000, 'c');  // the first buffer has 512 bytes
+  const std::string large(70000, 'c');
   enum Kind { kNeither, kNumber, kText };
   const std::tuple<std::string, Kind, const char*> cases[] = {
       {"", kNeither, nullptr},  // missing
@@ -41,11 +45,9 @@ TEST_F(RegistryKeyTest, ReadsDamagedValuesWithoutHarm) {
       {"hex(4):07 00", kNumber, nullptr},
       {"hex(4):07 00 00 00 00", kNeither, nullptr},
       {"hex(3):07 00 00 00", kNeither, nullptr},
-      {"hex(7):61 00 62 00 00", kNeither, nullptr},
       {"hex(2):25 57 25 00", kText, "%W%"},
       {"hex(1):", kText, nullptr},
       {"hex(1):61 62 63", kText, "abc"},
-      {'"' + longer + '"', kText, longer.c_str()},
       {'"' + large + '"', kText, large.c_str()},
   };
   for (const auto& [stored, kind, text] : cases) {
@@ -79,21 +81,19 @@ TEST_F(RegistryKeyTest, EnumeratesToTheEndAndExpandsVariables) {
   EXPECT_TRUE(reader_.ShortPath("C:\\windows", &text_)) << "true also where the short form does not fit";
   EXPECT_STREQ(text_, "") << "of which nothing is returned then";
   EXPECT_FALSE(reader_.ShortPath("C:\\no such folder", &text_) || text_);
-
-  reader_.SetPath("Software\\Sample\\Empty");
-  EXPECT_FALSE(reader_.FirstSubkey(&text_) || text_ || reader_.FirstValue(&text_));
 }
 
 TEST_F(RegistryKeyTest, DirectReadsEndTextsByLengthAndLeaveWhatDoesNotFit) {
   const std::string fits(259, 'a');
+  std::string noNul;
+  for (int i = 0; i < 260; ++i)
+    noNul += "61 ";
   WriteTree(HKEY_LOCAL_MACHINE, kPath,
-            R"("1"=hex(1):61 62 63 "2"=")" + fits + R"(" "3"=")" + fits + R"(x" "4"=hex(1):)" +
-                HexBytes(std::string(260, 'a')));
+            "\"short\"=hex(1):61 62 63 \"fits\"=\"" + fits + "\" \"too long\"=hex(1):" + noNul);
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kPath, KEY_READ);
-  EXPECT_EQ("abc", ReadText(key.Get(), "1"));
-  EXPECT_EQ(fits, ReadText(key.Get(), "2"));
-  EXPECT_EQ(std::nullopt, ReadText(key.Get(), "3"));
-  EXPECT_EQ(std::nullopt, ReadText(key.Get(), "4")) << "260 bytes without a NUL are a text of 260 characters";
+  EXPECT_EQ("abc", ReadText(key.Get(), "short"));
+  EXPECT_EQ(fits, ReadText(key.Get(), "fits"));
+  EXPECT_EQ(std::nullopt, ReadText(key.Get(), "too long"));
 }
 
 }  // namespace

@@ -52,10 +52,8 @@ TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKeyUpToAnOverLongOne) {
   EXPECT_EQ(catalogue_.LoadCatalogue(2), CatalogueResult::kLoaded);
   EXPECT_EQ(":unnamed Infants:A ", Listed());
 
-  for (const std::string& tooLong : {'"' + fits + "x\"", "hex(3):" + HexBytes(std::string(260, 'a'))}) {
-    EXPECT_EQ(Load("\"J\"=" + tooLong + " [J]"), CatalogueResult::kCutShort);
-    EXPECT_EQ(":unnamed Infants:A ", Listed());
-  }
+  EXPECT_EQ(Load("\"J\"=\"" + fits + "x\" [J]"), CatalogueResult::kCutShort);
+  EXPECT_EQ(":unnamed Infants:A ", Listed());
   EXPECT_TRUE(catalogue_.IsTaken("juniors")) << "not on the list, but in the registry with value and key";
   EXPECT_TRUE(catalogue_.IsTaken("INFANTS"));
   EXPECT_FALSE(catalogue_.IsTaken("Gone") || catalogue_.IsTaken("Unlisted"));
@@ -82,16 +80,14 @@ TEST_F(SchemeCatalogueTest, TellsWhatTheRegistryRefusesFromWhatIsMissing) {
 TEST_F(SchemeCatalogueTest, LeavesAloneWhatCannotBeToldApart) {
   Load(R"("Z"="z" [Z])");
   const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
-  const wchar_t kOmega[] = L"a\u03c9";  // 'a' and a small omega
-  char read[8] = "";
-  WideCharToMultiByte(CP_ACP, 0, kOmega, -1, read, sizeof(read), nullptr, nullptr);
-  const std::string name = read;  // what both values are read as
-  ASSERT_EQ(0, RegSetValueExA(schemes.Get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>("1"), 2));
-  ASSERT_EQ(0, RegSetValueExW(schemes.Get(), kOmega, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"2"), 4));
   UniqueKey classes;
   ASSERT_EQ(0, CreateKey(HKEY_LOCAL_MACHINE, AllocationKeyPath(kClassSchemes), KEY_ALL_ACCESS, classes));
-  ASSERT_EQ(0, RegSetValueExW(classes.Get(), kOmega, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"Z"), 4));
-  ASSERT_EQ(0, WriteText(classes.Get(), name, "Another"));
+  const wchar_t kOutside[] = L"a\u4e00";
+  const std::string name = "a?";  // as both values are read
+  for (const HKEY key : {schemes.Get(), classes.Get()}) {
+    ASSERT_EQ(0, RegSetValueExW(key, kOutside, 0, REG_SZ, reinterpret_cast<const BYTE*>(L"Z"), 4));
+    ASSERT_EQ(0, WriteText(key, name, "Another"));
+  }
   (void)catalogue_.LoadCatalogue();
   EXPECT_TRUE(catalogue_.IsAmbiguous(name));
   EXPECT_FALSE(catalogue_.IsAmbiguous("Z"));
@@ -208,12 +204,8 @@ TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
   const wchar_t outside[] = L"\u4e00";  // reads as a question mark, and stays what it is
   RegSetValueExW(schemes.Get(), L"Omega", 0, REG_SZ, reinterpret_cast<const BYTE*>(outside), sizeof(outside));
   EXPECT_TRUE(hive.SaveToRegistry(tell));
-  wchar_t stored[2] = {};
-  DWORD size = sizeof(stored);
-  RegQueryValueExW(schemes.Get(), L"Omega", nullptr, nullptr, reinterpret_cast<BYTE*>(stored), &size);
-  EXPECT_EQ(std::wstring(stored), outside);
-  RegDeleteValueA(schemes.Get(), "Omega");
-  ExpectTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Infants"="For \"us\"" "Juniors"="" "Gone"="stays")");
+  EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey),
+            "[]\n[] Gone=1 stays<0>\n[] Infants=1 For \"us\"<0>\n[] Juniors=1 <0>\n[] Omega=1 <19968><0>\n");
 }
 
 TEST(ConfigHiveTest, ReadsAsManyEntriesAsStatedAndThereCanBe) {

@@ -46,31 +46,6 @@ TEST(PropertyRecordsTest, ReadsBackWhatItWroteInAnyOrderOfTheFile) {
   }
 }
 
-TEST(PropertyRecordsTest, ReadsNoMoreItemsThanThereCanBeWhateverTheFileStates) {
-  const struct {
-    const char* stated;
-    std::size_t read;
-  } cases[] = {{"1", 1},       {"-1", 0},   {"nonsense", 0},  {"5", 5},
-               {"1000", 1000}, {"1001", 2}, {"4000000000", 2}};
-  SchemeProperties stored = Scheme("S", 2, 2);
-  stored.Tabs.Page2 = 5;  // written as 1
-  RecordStore store;
-  WritePropertyRecords(store, stored);
-  const RecordList sound = ThroughFile(store);
-  std::vector<SchemeRecord> records = Records(sound);
-  for (const auto& file : cases) {
-    for (SchemeRecord& record : records) {
-      if (record.Key2 == "RootFoldersCount" || record.Key2 == "WeblinksCount") record.Value = file.stated;
-    }
-    store.Fill(ListOf(records));
-    SchemeProperties expected = Scheme("S", 2, 2), scheme = Scheme("S", 7, 7);
-    expected.FolderRoots.resize(file.read);
-    expected.WebLinks.resize(file.read);
-    ReadPropertyRecords(store, scheme);
-    EXPECT_EQ(scheme, expected) << file.stated;
-  }
-}
-
 // A few bytes a scheme that each state a thousand roots would otherwise cost gigabytes.
 TEST(PropertyRecordsTest, GivesUpOnAFileThatStatesMostlyMissingRecords) {
   std::vector<SchemeRecord> records(50000);

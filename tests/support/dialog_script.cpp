@@ -35,12 +35,8 @@ std::string TestName() {
 
 int FailuresSoFar() { return RunningTest() ? RunningTest()->result()->total_part_count() : 0; }
 
-void FailAt(const char* file, unsigned line, const std::string& message) {
-  ADD_FAILURE_AT(file, static_cast<int>(line)) << TestName() << ": " << message;
-}
-
 void FailAt(const DialogScript::Place& place, const std::string& message) {
-  FailAt(place.file_name(), place.line(), message);
+  ADD_FAILURE_AT(place.file_name(), static_cast<int>(place.line())) << TestName() << ": " << message;
 }
 
 std::string Quoted(HWND dialog) {
@@ -156,9 +152,7 @@ LRESULT CALLBACK DialogWatch::Receiver(HWND window, UINT message, WPARAM wParam,
 }
 
 void DialogWatch::OnSettled(HWND dialog) {
-  const testing::TestInfo* test = RunningTest();
-  if (!script_)
-    FailAt(test ? test->file() : "", test ? test->line() : 0, "unexpected dialog " + Quoted(dialog));
+  if (!script_) ADD_FAILURE() << TestName() << ": unexpected dialog " << Quoted(dialog);
   const bool isWanted = script_ && script_->Play(dialog);
   lastEvent_ = GetTickCount64();
   if (const auto open = open_.find(dialog); open != open_.end()) open->second.isUnwanted = !isWanted;
@@ -189,9 +183,7 @@ void DialogWatch::Close(HWND dialog, int attempt) {
   }
   if (attempt < 2) {
     PostMessageA(dialog, WM_COMMAND, attempt == 0 ? IDCANCEL : IDOK, 0);
-  } else if (attempt == 2) {
-    EndDialog(dialog, IDCANCEL);
-  } else {
+  } else if (attempt > 2 || !EndDialog(dialog, IDCANCEL)) {
     DestroyWindow(dialog);
   }
 }
@@ -253,21 +245,6 @@ void DialogScript::GiveUp() {
 
 namespace {
 
-std::string IconName(UINT icon) {
-  switch (icon) {
-    case MB_ICONERROR:
-      return "error";
-    case MB_ICONQUESTION:
-      return "question";
-    case MB_ICONEXCLAMATION:
-      return "exclamation";
-    case MB_ICONINFORMATION:
-      return "information";
-    default:
-      return icon ? std::to_string(icon) : "none";
-  }
-}
-
 UINT IconOf(HWND box) {
   const std::pair<UINT, LPCSTR> icons[] = {{MB_ICONERROR, IDI_ERROR},
                                            {MB_ICONQUESTION, IDI_QUESTION},
@@ -304,28 +281,9 @@ MessageStyle StyleOf(HWND box) {
   return style;
 }
 
-std::string Describe(const MessageStyle& style) {
-  return "icon: " + IconName(style.Icon) + ", beep: " + (style.Beep ? IconName(*style.Beep) : "no") +
-         ", buttons: " + style.Buttons + ", owner: " + (style.Owner ? '"' + *style.Owner + '"' : "none");
-}
-
-struct Search {
-  HWND box;
-  std::string titles;
-};
-
-BOOL CALLBACK AddIfUsable(HWND window, LPARAM parameter) {
-  auto& [box, titles] = *reinterpret_cast<Search*>(parameter);
-  if (window != box && IsWindowVisible(window) && IsWindowEnabled(window))
-    titles += '"' + WindowText(window) + "\" ";
-  return TRUE;
-}
-
-// The windows of this program that can be used beside a box.
-std::string UsableBeside(HWND box) {
-  Search search{box, ""};
-  EnumThreadWindows(GetCurrentThreadId(), &AddIfUsable, reinterpret_cast<LPARAM>(&search));
-  return search.titles;
+// Ends the walk over the windows at one that can be used beside the box.
+BOOL CALLBACK IsNotUsable(HWND window, LPARAM box) {
+  return window == reinterpret_cast<HWND>(box) || !IsWindowVisible(window) || !IsWindowEnabled(window);
 }
 
 }  // namespace
@@ -346,8 +304,14 @@ DialogScript& DialogScript::ExpectMessage(const MessageStyle& style, std::string
                                           int button, Place place) {
   const auto answer = [style, text = std::move(text), button](HWND box) {
     EXPECT_EQ(MessageText(box), text);
-    EXPECT_EQ(Describe(StyleOf(box)), Describe(style));
-    EXPECT_EQ(style.Owner ? "" : UsableBeside(box), "") << "every window waits for a box without an owner";
+    const MessageStyle shown = StyleOf(box);
+    EXPECT_EQ(shown.Icon, style.Icon);
+    EXPECT_EQ(shown.Beep, style.Beep);
+    EXPECT_EQ(shown.Buttons, style.Buttons);
+    EXPECT_EQ(shown.Owner, style.Owner);
+    EXPECT_TRUE(style.Owner ||
+                EnumThreadWindows(GetCurrentThreadId(), &IsNotUsable, reinterpret_cast<LPARAM>(box)))
+        << "every window waits for a box without an owner";
     Click(box, button);
   };
   return Expect(std::move(title), answer, place);

@@ -1,6 +1,5 @@
 #include "support/registry_test.h"
 
-#include <cstdlib>
 #include <iomanip>
 #include <set>
 #include <sstream>
@@ -84,29 +83,11 @@ void Dump(HKEY key, const std::string& path, std::set<std::string>& lines) {
 
 std::string ScratchKey() { return kScratchKeys + ("\\" + std::to_string(GetCurrentProcessId())); }
 
-bool IsAnotherRun(DWORD processId) {
-  if (processId == GetCurrentProcessId()) return false;
-  const UniqueProcess process(OpenProcess(SYNCHRONIZE, FALSE, processId));
-  return process && WaitForSingleObject(process.Get(), 0) == WAIT_TIMEOUT;
-}
-
-void RemoveKeysOfDeadRuns() {
-  const UniqueKey keys = CreateKey(HKEY_CURRENT_USER, kScratchKeys);
-  std::vector<std::string> dead;
-  char name[256];
-  for (DWORD i = 0; RegEnumKeyA(keys.Get(), i, name, sizeof(name)) == ERROR_SUCCESS; ++i) {
-    if (!IsAnotherRun(std::strtoul(name, nullptr, 10))) dead.emplace_back(name);
-  }
-  for (const std::string& run : dead)
-    RegDeleteTreeA(keys.Get(), run.c_str());
-}
-
 }  // namespace
-
-void RegistryTest::SetUpTestSuite() { RemoveKeysOfDeadRuns(); }
 
 void RegistryTest::SetUp() {
   const std::string scratchKey = ScratchKey();
+  RegDeleteTreeA(HKEY_CURRENT_USER, scratchKey.c_str());
   localMachine_ = CreateKey(HKEY_CURRENT_USER, scratchKey + "\\Local Machine");
   currentUser_ = CreateKey(HKEY_CURRENT_USER, scratchKey + "\\Current User");
   Check(RegOverridePredefKey(HKEY_LOCAL_MACHINE, localMachine_.Get()), "HKEY_LOCAL_MACHINE");
@@ -134,14 +115,6 @@ void WriteTree(HKEY root, const std::string& path, const std::string& text) {
     if (rest.get() != '=') throw std::runtime_error("neither key nor value: " + std::string(1, first) + name);
     WriteValue(key.Get(), name, rest);
   }
-}
-
-std::string HexBytes(const std::string& bytes) {
-  std::ostringstream text;
-  for (const char byte : bytes)
-    text << std::hex << std::setw(2) << std::setfill('0') << static_cast<unsigned>(static_cast<BYTE>(byte))
-         << ' ';
-  return text.str();
 }
 
 std::string DumpTree(HKEY root, const std::string& path) {

@@ -1,8 +1,7 @@
 // Tests against the real registry that leave no trace in it.
 //
 // The fixture points HKEY_LOCAL_MACHINE and HKEY_CURRENT_USER of this process at empty scratch keys of its
-// own below the user's HKEY_CURRENT_USER\Software (RegOverridePredefKey), and removes them afterwards; what a
-// run that crashed has left behind is removed by the next.
+// own below the user's HKEY_CURRENT_USER\Software (RegOverridePredefKey), and removes them afterwards.
 //
 // The helpers state a whole subtree as text, in the notation of .reg files with paths below a given key:
 //
@@ -26,7 +25,6 @@
 
 class RegistryTest : public testing::Test {
  protected:
-  static void SetUpTestSuite();
   void SetUp() override;
   void TearDown() override;
 
@@ -37,9 +35,6 @@ class RegistryTest : public testing::Test {
 
 // Adds what `text` states to the key `path` of `root`, which is created if missing.
 void WriteTree(HKEY root, const std::string& path, const std::string& text);
-
-// Bytes in the notation of values: "61 62" for "ab".
-std::string HexBytes(const std::string& bytes);
 
 // The key with everything below it, for comparing: sorted, a line for each key, "[Staff\Root 1]", and each
 // value, "[Staff\Root 1] RootPath=1 C:\Work<0>" with its type and all stored data. "" when there is no key.

@@ -1,4 +1,4 @@
-// Two schemes in which every value is another, and their file.
+// Two schemes in which every value is another, their keys in the registry, and their file.
 #pragma once
 
 #include <regex>
@@ -20,6 +20,32 @@ inline SchemeProperties Scheme(const std::string& name) {
   scheme.ToolBars[2] = {33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48};
   scheme.Defaults = {"tree2", 51, 52, 53, 54, 55, 56};
   return scheme;
+}
+
+// The key of such a scheme, for WriteTree.
+inline std::string SchemeTree(const std::string& name) {
+  return R"([FolderDisplay] "RootFolderCount"=dword:1
+[FolderDisplay\Root 1] "RootDisplayName"="Work" "RootPath"="H:\\" "FolderLevels"=dword:ffffffff
+  "CollapsedIconFile"="shut.ico" "ExpandedIconFile"="open.ico" "LongToolTip"="Long"
+  "ShortToolTip"="Short" "Wav File"="a.wav" "DenyModify"=dword:7
+[WebLinks] "WebLinksCount"=dword:2
+[WebLinks\WebLink 1] "DisplayName"="Maps" "URL"="http://m?a=\"b\"" "IconFile"="m.ico"
+  "LongToolTip"="Far" "ShortToolTip"="Near" "Wav File"="m.wav"
+[WebLinks\WebLink 2] "DisplayName"="" "URL"="" "IconFile"="" "LongToolTip"="" "ShortToolTip"="" "Wav File"=""
+[TabSelection] "Page1"=dword:1 "Page2"=dword:0 "Page3"=dword:1
+[ToolBars\Page 1] "Back"=dword:1 "Forward"=dword:2 "New"=dword:3 "Rename"=dword:4 "Cut"=dword:5
+  "Copy"=dword:6 "Paste"=dword:7 "Delete"=dword:8 "Undo"=dword:9 "Print"=dword:a "Refresh"=dword:b
+  "Icon"=dword:c "View"=dword:d "Help"=dword:e "Up"=dword:f "Side"=dword:10
+[ToolBars\Page 2] "Back"=dword:11 "Forward"=dword:12 "New"=dword:13 "Rename"=dword:14 "Cut"=dword:15
+  "Copy"=dword:16 "Paste"=dword:17 "Delete"=dword:18 "Undo"=dword:19 "Print"=dword:1a "Refresh"=dword:1b
+  "Icon"=dword:1c "View"=dword:1d "Help"=dword:1e "Up"=dword:1f "Side"=dword:20
+[ToolBars\Page 3] "Back"=dword:21 "Forward"=dword:22 "New"=dword:23 "Rename"=dword:24 "Cut"=dword:25
+  "Copy"=dword:26 "Paste"=dword:27 "Delete"=dword:28 "Undo"=dword:29 "Print"=dword:2a "Refresh"=dword:2b
+  "Icon"=dword:2c "View"=dword:2d "Help"=dword:2e "Up"=dword:2f "Side"=dword:30
+[Defaults] "DefaultView"="tree2" "DefaultIconSize"=dword:33 "DefaultFirstTab"=dword:34
+  "ShortToolTips"=dword:35 "Silent"=dword:36 "Context Menu"=dword:37 "Options Menu"=dword:38
+[] "Scheme Name"=")" +
+         name + "\"";
 }
 
 // The records of such a scheme.
