@@ -25,3 +25,6 @@ take_default_pictures() {
   local pictures="$WINEPREFIX/drive_c/Program Files/Tessaly/Kelvanstead/Pictures"
   rm "$pictures/Closed Folder.bmp" "$pictures/On-Line Resources.bmp"
 }
+
+# tells_version COMMAND ...: whether ksm, started so, is of this version.
+tells_version() { [[ $(wine "$@" --version 2>/dev/null) == *"$version"* ]]; }
