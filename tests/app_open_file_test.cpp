@@ -85,6 +85,7 @@ class OpenFileTest : public RegistryTest {
   void TearDown() override {
     if (g_foreign[0]) DestroyWindow(g_foreign[0]);
     g_foreign[0] = g_foreign[1] = nullptr;
+    g_offered.clear();
     RegistryTest::TearDown();
   }
   // A window of another copy.
@@ -226,9 +227,26 @@ TEST_F(OpenFileTest, TheSecondCopyTellsWhatBecameOfItsFile) {
     CSchemeManagerApp(widePath_).InitInstance();
     EXPECT_EQ(g_offered, widePath_);
   }
-  g_offered.clear();
-  CSchemeManagerApp().InitInstance();
+}
+
+// The first window of that title may be a folder's. It is restored all the same, but not raised.
+TEST_F(OpenFileTest, TheSecondCopyRestoresAndRaisesTheFirst) {
+  copies_.Start();
+  const HWND titled = CreateWindowA("Static", kTitle, WS_OVERLAPPEDWINDOW | WS_MINIMIZE, 0, 0, 100, 100,
+                                    nullptr, nullptr, nullptr, nullptr);
+  ImportedCalls calls({IMPORTED(SetForegroundWindow)});
+  EXPECT_FALSE(CSchemeManagerApp().InitInstance());
+  EXPECT_TRUE(IsWindowVisible(titled) && !IsIconic(titled));
+  EXPECT_TRUE(calls.Lines().empty()) << "it is no window of this program";
+
+  const HWND window = ForeignWindow(kTitle, &ReplyToOffer);
+  for (const bool enabled : {false, true}) {
+    EnableWindow(window, enabled);
+    EXPECT_FALSE(CSchemeManagerApp().InitInstance());
+    EXPECT_EQ(calls.Lines().size(), enabled ? 1u : 0u) << "not one that a dialog has disabled";
+  }
   EXPECT_EQ(g_offered, L"") << "without a file, nothing is asked or told";
+  DestroyWindow(titled);
 }
 
 }  // namespace
