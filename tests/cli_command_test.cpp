@@ -2,8 +2,8 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <regex>
 #include <string>
-#include <vector>
 
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
@@ -73,7 +73,7 @@ struct Row {
 TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
   const Row rows[] = {
       {"--version", 0, "ksm 2.28.0.0\n", ""},
-      {"", 2, "", "ksm: A subcommand is required\n"},
+      {"", 2, "", "ksm: A command is required; \"ksm --help\" lists them\n"},
       {"frob", 2, "", "frob: There is no such command; \"ksm --help\" lists them\n"},
       {"list x", 2, "", "ksm list: The following argument was not expected: x\n"},
       {"import", 2, "", "ksm import: FILE is required\n"},
@@ -85,7 +85,7 @@ TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
        "Staff    For Staff    yes\n",
        ""},
       {"show staff", 4, "", "staff: There is no such scheme; did you mean \"Staff\"?\n"},
-      {"show \"\" --file F", 4, "", ": There is no such scheme\n"},
+      {"show \"\" --file F", 4, "", "\"\": There is no such scheme\n"},
       {"check F", 0, "Whole, with 3 schemes\n", ""},
       {"check X", 3, "", "X: This is no scheme file\n"},
       {"check N", 3, "", "N: This file cannot be read\n"},
@@ -100,7 +100,7 @@ TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
        ""},
       {"diff F Infants", 0, "same       Infants\n", ""},
       {"diff F Juniors", 1, "only here  Juniors\n", ""},
-      {"diff F Nobody", 4, "", "Nobody: There is no such scheme\n"},
+      {"diff F Nobody leo", 4, "", "Nobody: There is no such scheme\nleo: There is no such scheme\n"},
       {"diff F Staff --json", 1,
        "*\"schemes\": [\n    {\n      \"name\": \"Staff\",\n      \"state\": \"changed\",\n      "
        "\"differences\": [\n"
@@ -119,6 +119,8 @@ TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
        "infants: There is no such scheme; did you mean \"Infants\"?\nJuniors: There is no such scheme\n"},
       {"import X", 3, "", "X: This is no scheme file\n"},
       {"import F --backup N", 3, "", "N: This file cannot be written\n"},
+      {"import F --backup F", 2, "", "F: The backup would replace the file that is to be imported\n"},
+      {"import F --backup \"\"", 2, "", "ksm import: --backup: must not be empty\n"},
       {"export N", 3, "", "N: This file cannot be written\n"},
       {"export N Nobody", 4, "", "Nobody: There is no such scheme\n"},
       {"delete Infants Staff", 5, "", "Staff: This scheme is built in; nothing was deleted\n"},
@@ -126,8 +128,7 @@ TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
       {"allocations", 0,
        "Kind   Name    Scheme\nuser   ann     Infants\nuser   ben\ngroup  Pupils\ngroup  Staff\n", ""},
       {"allocate --user ann infants", 4, "", "infants: There is no such scheme; did you mean \"Infants\"?\n"},
-      {"allocate Infants", 2, "",
-       "ksm allocate: Exactly 1 option from [--class,--user,--group] is required\n"},
+      {"allocate Infants", 2, "", "ksm allocate: Just one of --class, --user and --group is required\n"},
       {"allocate --user ann", 2, "", "*"},
       {"allocate --user ann Infants --clear", 2, "", "*"},
       {"helper", 0, "Merlin\n", ""},
@@ -187,7 +188,7 @@ TEST_F(CliCommandTest, TakesAnyNameThatTheRegistryCanHold) {
 }
 
 TEST_F(CliCommandTest, DeletesSchemesWithTheirAllocations) {
-  const CommandResult run = Run("delete Infants Juniors");
+  const CommandResult run = Run("delete Infants Juniors Infants");
   EXPECT_EQ(run.Code, 0u);
   EXPECT_EQ(run.Results, "Deleted Infants\nDeleted Juniors\n");
   EXPECT_EQ(Run("list").Results, "Name   Description  Built in  Allocated to\nStaff  For Staff    yes\n");
@@ -214,6 +215,61 @@ TEST_F(CliCommandTest, AllocatesAndChoosesTheHelper) {
   ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserSchemes), R"([] "ann"="" "ben"="Staff")");
   ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kClassSchemes), R"([] "Elm"="Juniors" "Oak"="juniors")");
   ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes), R"([] "Pupils"="Staff")");
+}
+
+// The resolver's rules, from the code that the environment component tells to the answer.
+TEST_F(CliCommandTest, ExplainsEachWayToAScheme) {
+  const struct {
+    int Code;  // and what is allocated to the class, chosen by the user, allocated to the user and the group
+    std::string AccountType, Class, Own, User, Group, Tried, Gets;
+  } cases[] = {
+      // The class counts for pupils only, however their type is spelled, and comes before user and group.
+      {3, "Pupils", "Infants", "", "Juniors", "Staff", "class Oak Infants loaded\n", "Infants"},
+      {6, "pupil", "Infants", "", "Juniors", "Staff", "class Oak Infants loaded\n", "Infants"},
+      {3, "Teachers", "Infants", "", "Juniors", "Staff", "user ann Juniors loaded\n", "Juniors"},
+      {6, "Teachers", "Infants", "Juniors", "", "Staff", "user ann no scheme\ngroup Teachers Staff loaded\n",
+       "Staff"},
+      {6, "Pupils", "Away", "", "", "Staff",
+       "class Oak Away missing\nuser ann no scheme\ngroup Pupils Staff loaded\n", "Staff"},
+      {6, "Pupils", "Half", "", "", R"(a\\b)",
+       "class Oak Half incomplete\nuser ann no scheme\ngroup Pupils a\\b missing\n"
+       "default Default User loaded\n",
+       "Default User"},
+      // The user's own choice counts in the per-user environments only, which know no account types.
+      {8, "Pupils", "Infants", "Juniors", "Staff", "Staff", "own choice Juniors loaded\n", "Juniors"},
+      {9, "Pupils", "Infants", "Away", "Staff", "", "own choice Away missing\nuser ann Staff loaded\n",
+       "Staff"},
+      {99, "Pupils", "Infants", "", "", "Staff",
+       "own choice no scheme\nuser ann no scheme\ngroup no scheme\ndefault Default User loaded\n",
+       "Default User"},
+      // Without an environment the user's scheme is loaded, but the result is an error.
+      {0, "Pupils", "Infants", "Juniors", "Staff", "", "user ann Staff loaded\n", "Error"},
+  };
+  Add(Described("Default User"));
+  WriteTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("Half"), "[WebLinks] \"WebLinksCount\"=dword:1");
+  InstallEnvironment();
+  const std::string user = getenv("USERNAME"), oak = R"("Current Class"="Oak" )";
+  for (const auto& [code, accountType, ofClass, own, ofUser, ofGroup, tried, gets] : cases) {
+    SCOPED_TRACE(std::to_string(code) + " " + tried);
+    WriteTree(HKEY_LOCAL_MACHINE, "Software\\Tessaly",
+              "[Tallowby] \"Environment Code\"=dword:" + std::to_string(code == 99 ? 63 : code) +
+                  "[Tallowby\\Accounts\\" + user + "] \"Account Type\"=\"" + accountType +
+                  "\" [Crateling\\Benchspace] " + oak + "\"Current Mode\"=\"" + accountType +
+                  "\" [Kelvanstead\\Class Schemes] \"Oak\"=\"" + ofClass +
+                  "\" [Kelvanstead\\User Schemes] \"" + user + "\"=\"" + ofUser +
+                  "\" [Kelvanstead\\User Group Schemes] \"" + accountType + "\"=\"" + ofGroup + "\"");
+    WriteTree(HKEY_CURRENT_USER, "Software\\Tessaly",
+              "[Benchspace] " + oak + "[Kelvanstead] \"ConfigToUse\"=\"" + own + "\"");
+    const bool known = code == 3 || code == 6, isPupil = known && accountType != "Teachers";
+    const CommandResult run = Run("explain");
+    EXPECT_EQ(run.Code, 0u);
+    const std::string results = std::regex_replace(run.Results, std::regex(" +"), " ");
+    EXPECT_NE(results.find("\nEnvironment " + std::to_string(code) + ": "), std::string::npos) << results;
+    EXPECT_EQ(results.substr(results.find("\nAccount")),
+              "\nAccount type" + (known ? " " + accountType : "") + "\nClass" + (isPupil ? " Oak" : "") +
+                  "\n\nTried Of Scheme Outcome\n" + std::regex_replace(tried, std::regex("ann"), user) +
+                  "\nThis user gets " + gets + "\n");
+  }
 }
 
 // What some commands need is a file; the others are told nothing that could be wrong.

@@ -185,6 +185,7 @@ TEST_F(CliImportTest, NamesWhatTheRegistryRefuses) {
     const ReadOnlyKey scheme(SchemeKeyPath("Infants") + "\\Defaults");
     const CommandResult run = Import("--no-verify");
     EXPECT_EQ(run.Code, 6u);
+    EXPECT_EQ(run.Results, "Imported 1 of 2 schemes\n");
     EXPECT_EQ(run.Problems, "Infants: The registry refused to write all of this scheme\n");
   }
   const std::string before = Schemes();

@@ -8,7 +8,15 @@
 
 namespace {
 
-constexpr LONG kTallowbyAndBenchspace = 6;
+constexpr DWORD kTallowbyAndBenchspace = 6;
+
+// The code is another one where the machine states so.
+LONG Code() {
+  DWORD code = kTallowbyAndBenchspace, size = sizeof(code);
+  RegGetValueA(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\Tallowby", "Environment Code", RRF_RT_REG_DWORD,
+               nullptr, &code, &size);
+  return static_cast<LONG>(code);
+}
 
 // One object for the class and its factory, never destroyed.
 struct Environment : IDispatch {
@@ -31,7 +39,7 @@ struct Environment : IDispatch {
   virtual HRESULT STDMETHODCALLTYPE Unused2() { return E_NOTIMPL; }
   virtual HRESULT STDMETHODCALLTYPE Unused3() { return E_NOTIMPL; }
   virtual HRESULT STDMETHODCALLTYPE GetEnvironmentCode(LONG* code) {
-    *code = kTallowbyAndBenchspace;
+    *code = Code();
     return S_OK;
   }
 };

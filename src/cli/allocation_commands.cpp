@@ -38,6 +38,12 @@ bool IsKnown(AllocationKind kind, const std::string& name) {
   });
 }
 
+const char* EnvironmentWords(int code) {
+  if (IsPerUserEnvironment(code)) return "the scheme is a setting of each user";
+  if (IsTallowbyEnvironment(code)) return "Tallowby and Benchspace know the classes and users";
+  return IsCratelingEnvironment(code) ? "Crateling knows the classes and users" : "no environment";
+}
+
 const char* SourceWords(CandidateSource source) {
   switch (source) {
     case CandidateSource::kClass:
@@ -61,8 +67,10 @@ const char* OutcomeWords(CandidateOutcome outcome) {
       return "no scheme";
     case CandidateOutcome::kMissing:
       return "missing";
-    default:
+    case CandidateOutcome::kIncomplete:
       return "incomplete";
+    default:
+      return "refused";
   }
 }
 
@@ -87,7 +95,8 @@ void PrintTraceAsJson(const SchemeTrace& trace, Output& output) {
 
 void PrintTrace(const SchemeTrace& trace, Output& output) {
   output.PrintTable({{"User", trace.UserName},
-                     {"Environment code", std::to_string(trace.EnvironmentCode)},
+                     {"Environment",
+                      std::to_string(trace.EnvironmentCode) + ": " + EnvironmentWords(trace.EnvironmentCode)},
                      {"Account type", trace.AccountType},
                      {"Class", trace.ClassName}});
   output.Print("");

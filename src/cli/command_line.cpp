@@ -23,7 +23,8 @@ constexpr char kExitCodes[] =
     "  5  no rights, the policy locks this user out, or the scheme is built in\n"
     "  6  not all of it could be done; there is a line for each part that could not\n"
     "\n"
-    "SCHEME is the exact name of a scheme. \"ksm COMMAND --help\" tells of one command.";
+    "SCHEME is the exact name of a scheme. \"ksm COMMAND --help\" tells of one command.\n"
+    "--quiet and --wait go with every command.";
 
 // The parser would make lists of "[a]" and "{}". It does not with this byte at their ends, which stands for
 // itself there, too.
@@ -49,7 +50,6 @@ class CommandLine {
         ->capture_default_str();
     app_.footer(kExitCodes);
     app_.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app_.get_formatter()->label("Subcommands", "Commands");
     app_.get_formatter()->label("REQUIRED", "(required)");
     AddSchemeCommands();
     AddFileCommands();
@@ -86,24 +86,36 @@ class CommandLine {
     return marked;
   }
 
-  CLI::App* Add(const char* name, const char* description, Command run) {
-    CLI::App* command = app_.add_subcommand(name, description);
+  CLI::App* Add(
+      const char* name, const char* description, Command run, const std::function<void()>& check = [] {}) {
+    CLI::App* command = app_.add_subcommand(name, description)->group("Commands");
     command->fallthrough();  // the options for every command may stand behind it
     command->allow_windows_style_options(false);
-    command->callback([this, run] { run_ = run; });
+    command->callback([this, run, check] {
+      check();
+      run_ = run;
+    });
     return command;
   }
+
   void TellUsage(const std::vector<std::string>& arguments, const CLI::ParseError& error, Output& output) {
     const std::vector<CLI::App*> commands = app_.get_subcommands();
     if (!commands.empty()) return output.Problem("ksm " + commands[0]->get_name(), error.what());
     const bool isNamed = !arguments.empty() && arguments[0].rfind('-', 0) != 0;
     output.Problem(isNamed ? arguments[0] : "ksm",
-                   isNamed ? "There is no such command; \"ksm --help\" lists them" : error.what());
+                   std::string(isNamed ? "There is no such command" : "A command is required") +
+                       "; \"ksm --help\" lists them");
+  }
+
+  // A script's variable that is not set must not pass for an option that was not given.
+  static CLI::Option* Named(CLI::Option* option, const char* typeName) {
+    return option->type_name(typeName)->check(
+        [](const std::string& text) { return text.empty() ? "must not be empty" : ""; });
   }
 
   void AddJson(CLI::App* command) { command->add_flag("--json", options_.Json, "The same as JSON"); }
   void AddFile(CLI::App* command, const char* description) {
-    command->add_option("FILE", options_.File, description)->required()->type_name("");
+    Named(command->add_option("FILE", options_.File, description)->required(), "");
   }
   CLI::Option* AddSchemes(CLI::App* command, const char* description) {
     return command->add_option("SCHEME", options_.Schemes, description)->type_name("");
@@ -114,7 +126,7 @@ class CommandLine {
 
     CLI::App* show = Add("show", "Everything that a scheme holds, in the words of the editor", &ShowScheme);
     show->add_option("SCHEME", options_.Scheme, "The scheme")->required()->type_name("");
-    show->add_option("--file", options_.File, "Show the scheme of a scheme file")->type_name("FILE");
+    Named(show->add_option("--file", options_.File, "Show the scheme of a scheme file"), "FILE");
     AddJson(show);
 
     CLI::App* remove = Add("delete", "Delete schemes with their allocations", &DeleteSchemes);
@@ -139,9 +151,9 @@ class CommandLine {
     AddFile(load, "The scheme file; refused as a whole where check finds damage");
     AddSchemes(load, "The schemes; all of the file unless told otherwise");
     load->add_flag("--dry-run", options_.DryRun, "Print what diff prints and write nothing");
-    load->add_option("--backup", options_.Backup,
-                     "First save what is there; where that fails, the import does not begin")
-        ->type_name("FILE");
+    Named(load->add_option("--backup", options_.Backup,
+                           "First save what is there; where that fails, the import does not begin"),
+          "FILE");
     load->add_flag("--keep-built-in", options_.KeepBuiltIn, "Leave the schemes alone that are built in here");
     load->add_flag("--accept-damage", options_.AcceptDamage, "Load what can be read of a damaged file");
     load->add_flag("--no-verify", options_.NoVerify, "Do not read back what was written");
@@ -150,36 +162,39 @@ class CommandLine {
   void AddAllocationCommands() {
     AddJson(Add("allocations", "Which scheme is allocated to whom", &ListAllocations));
 
-    CLI::App* allocate = Add("allocate", "Allocate a scheme to a class, a user or a group", &AllocateScheme);
-    CLI::App* whom = allocate->add_option_group("To whom");
-    AddOwner(whom, "--class", AllocationKind::kClass);
-    AddOwner(whom, "--user", AllocationKind::kUser);
-    AddOwner(whom, "--group", AllocationKind::kUserGroup);
-    whom->require_option(1);
-    CLI::App* what = allocate->add_option_group("What");
-    what->add_option("SCHEME", options_.Scheme, "The scheme")->type_name("");
-    what->add_flag("--clear", options_.Clear, "Take the allocation away");
-    what->require_option(1);
+    CLI::App* allocate = Add("allocate", "Allocate a scheme to a class, a user or a group", &AllocateScheme,
+                             [this] { CheckAllocation(); });
+    AddOwner(allocate, "--class", AllocationKind::kClass, "To the class");
+    AddOwner(allocate, "--user", AllocationKind::kUser, "To the user");
+    AddOwner(allocate, "--group", AllocationKind::kUserGroup, "To the group of users");
+    Named(allocate->add_option("SCHEME", options_.Scheme, "The scheme"), "");
+    allocate->add_flag("--clear", options_.Clear, "Take the allocation away");
 
     AddJson(Add("explain", "Which scheme the current user gets, and why", &ExplainScheme));
   }
-  void AddOwner(CLI::App* group, const char* option, AllocationKind kind) {
-    group
-        ->add_option_function<std::string>(option,
-                                           [this, kind](const std::string& name) {
-                                             options_.Kind = kind;
-                                             options_.Owner = name;
-                                           })
-        ->type_name("NAME");
+  void AddOwner(CLI::App* command, const char* option, AllocationKind kind, const char* description) {
+    const auto take = [this, kind](const std::string& name) {
+      options_.Kind = kind;
+      options_.Owner = name;
+      ++owners_;
+    };
+    Named(command->add_option_function<std::string>(option, take, description), "NAME");
+  }
+
+  void CheckAllocation() const {
+    if (owners_ != 1) throw CLI::ValidationError("Just one of --class, --user and --group is required");
+    if (options_.Scheme.empty() != options_.Clear)
+      throw CLI::ValidationError("Just one of SCHEME and --clear is required");
   }
 
   void AddHelperCommand() {
     CLI::App* helper = Add("helper", "Show or choose the on-screen helper", &ShowOrChooseHelper);
-    helper->add_option("NAME", options_.Helper, "Peedy, Merlin, Robby or Genie")->type_name("");
+    Named(helper->add_option("NAME", options_.Helper, "Peedy, Merlin, Robby or Genie"), "");
   }
 
   CLI::App app_;
   Options options_;
+  int owners_ = 0;  // of an allocation
   Command run_ = nullptr;
 };
 

@@ -53,13 +53,11 @@ void Print(const std::vector<SchemeComparison>& comparisons, Output& output) {
 
 using Names = std::set<std::string, NameLess>;
 
-// Whether each name is one of either side's.
-bool AreThere(const std::vector<std::string>& names, const SchemeCatalogue& catalogue, const SchemeHive& hive,
-              Output& output) {
-  std::vector<std::string> known = NamesOf(catalogue.Schemes());
+std::vector<std::string> NamesOfEither(const SchemeCatalogue& catalogue, const SchemeHive& hive) {
+  std::vector<std::string> names = NamesOf(catalogue.Schemes());
   for (const SchemeProperties& scheme : hive.Schemes)
-    known.push_back(scheme.Name);
-  return std::ranges::all_of(names, [&](const std::string& name) { return IsThere(name, known, output); });
+    names.push_back(scheme.Name);
+  return names;
 }
 
 }  // namespace
@@ -70,7 +68,7 @@ std::string InOneLine(const Difference& difference) {
 
 ExitCode PrintDifferences(const SchemeCatalogue& catalogue, const SchemeHive& hive, const Options& options,
                           Output& output) {
-  if (!AreThere(options.Schemes, catalogue, hive, output)) return ExitCode::kNothingThere;
+  if (!AreThere(options.Schemes, NamesOfEither(catalogue, hive), output)) return ExitCode::kNothingThere;
   const Names wanted(options.Schemes.begin(), options.Schemes.end());
   const auto isUnwanted = [&](const auto& scheme) {
     return !wanted.empty() && !wanted.contains(scheme.Name);

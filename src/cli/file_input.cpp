@@ -39,9 +39,7 @@ bool KeepSchemes(const std::vector<std::string>& names, SchemeHive& hive, Output
   std::vector<std::string> known;
   for (const SchemeProperties& scheme : hive.Schemes)
     known.push_back(scheme.Name);
-  bool allThere = true;
-  for (const std::string& name : names)
-    allThere &= IsThere(name, known, output);
+  const bool allThere = AreThere(names, known, output);
   FilterHive(hive, [&](const std::string& name) { return std::ranges::find(names, name) != names.end(); });
   return allThere;
 }

@@ -4,22 +4,31 @@
 
 #include <utility>
 
+#include "base/names.h"
 #include "cli/machine.h"
 #include "cli/progress_line.h"
 #include "schemefile/scheme_file.h"
 
 namespace {
 
-// The folder that the file lies in (GetFullPathNameA). "" where the path names no file.
-std::string FolderOf(const std::string& path) {
+// From the root on, as Windows reads the path (GetFullPathNameA). "" for one that is too long.
+std::string FullPath(const std::string& path) {
   char full[1024];
-  char* name = nullptr;
-  const DWORD length = GetFullPathNameA(path.c_str(), sizeof(full), full, &name);
-  if (length == 0 || length >= sizeof(full) || !name) return {};
-  return {full, name};
+  const DWORD length = GetFullPathNameA(path.c_str(), sizeof(full), full, nullptr);
+  return length < sizeof(full) ? std::string(full, length) : std::string();
+}
+
+// The folder that the file lies in. "" where the path names no file.
+std::string FolderOf(const std::string& path) {
+  const std::string full = FullPath(path);
+  return full.ends_with('\\') ? "" : full.substr(0, full.rfind('\\') + 1);
 }
 
 }  // namespace
+
+bool IsSameFile(const std::string& left, const std::string& right) {
+  return IsSameName(FullPath(left), FullPath(right));
+}
 
 std::string Counted(std::size_t count, const std::string& what) {
   return std::to_string(count) + " " + what + (count == 1 ? "" : "s");

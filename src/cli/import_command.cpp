@@ -50,6 +50,12 @@ ExitCode Write(const SchemeHive& hive, const Options& options, Output& output) {
   if (problems.ConfigList) output.Problem("ksm", "The registry refused to write all of the descriptions");
   for (const std::string& name : problems.Schemes)
     output.Problem(name, "The registry refused to write all of this scheme");
+  if (!options.Quiet) {
+    const std::size_t count = hive.Schemes.size(),
+                      failed = problems.NoAccess ? count : problems.Schemes.size();
+    const std::string part = failed ? std::to_string(count - failed) + " of " : "";
+    output.Print("Imported " + part + Counted(count, "scheme"));
+  }
   return problems.None() ? ExitCode::kDone : ExitCode::kPartly;
 }
 
@@ -80,6 +86,10 @@ ExitCode Verify(const SchemeHive& hive, const Options& options, Output& output) 
 
 ExitCode ImportFile(const Options& options, Output& output) {
   if (const ExitCode code = Admit(output); code != ExitCode::kDone) return code;
+  if (IsSameFile(options.File, options.Backup)) {
+    output.Problem(options.Backup, "The backup would replace the file that is to be imported");
+    return ExitCode::kUsage;
+  }
   FileInput file;
   if (const ExitCode code = ReadWanted(options, file, output); code != ExitCode::kDone) return code;
   const WriteLock lock(options.DryRun ? 0 : options.Wait);
@@ -90,7 +100,10 @@ ExitCode ImportFile(const Options& options, Output& output) {
       OpenCatalogue(catalogue, options.DryRun ? SchemesAccess::kRead : SchemesAccess::kChange, output);
   if (!GoesOn(opened)) return opened;
   if (options.KeepBuiltIn) LeaveBuiltIn(catalogue, file.Hive, options, output);
-  if (options.DryRun) return std::max(opened, PrintDifferences(catalogue, file.Hive, options, output));
+  if (options.DryRun) {
+    const ExitCode damage = file.Check.IsWhole() ? ExitCode::kDone : ExitCode::kFound;
+    return std::max({opened, damage, PrintDifferences(catalogue, file.Hive, options, output)});
+  }
 
   ExitCode code = file.Check.IsWhole() ? opened : ExitCode::kPartly;
   if (!options.Backup.empty()) {
@@ -99,7 +112,5 @@ ExitCode ImportFile(const Options& options, Output& output) {
     if (!saved.IsWritten) return code;
   }
   code = std::max(code, Write(file.Hive, options, output));
-  if (!options.NoVerify) code = std::max(code, Verify(file.Hive, options, output));
-  if (!options.Quiet) output.Print("Imported " + Counted(file.Hive.Schemes.size(), "scheme"));
-  return code;
+  return options.NoVerify ? code : std::max(code, Verify(file.Hive, options, output));
 }

@@ -72,6 +72,13 @@ bool IsThere(const std::string& wanted, const std::vector<std::string>& names, O
   return false;
 }
 
+bool AreThere(const std::vector<std::string>& wanted, const std::vector<std::string>& names, Output& output) {
+  bool allThere = true;
+  for (const std::string& name : wanted)
+    allThere &= IsThere(name, names, output);
+  return allThere;
+}
+
 std::vector<std::string> NamesOf(const std::vector<SchemeEntry>& schemes) {
   std::vector<std::string> names;
   names.reserve(schemes.size());
@@ -84,11 +91,7 @@ std::optional<std::vector<SchemeEntry>> ChooseSchemes(const SchemeCatalogue& cat
                                                       const std::vector<std::string>& names, Output& output) {
   std::vector<SchemeEntry> schemes = catalogue.Schemes();
   if (names.empty()) return schemes;
-  const std::vector<std::string> known = NamesOf(schemes);
-  bool allThere = true;
-  for (const std::string& name : names)
-    allThere &= IsThere(name, known, output);
-  if (!allThere) return std::nullopt;
+  if (!AreThere(names, NamesOf(schemes), output)) return std::nullopt;
   std::erase_if(schemes, [&](const SchemeEntry& scheme) {
     return std::ranges::find(names, scheme.Name) == names.end();
   });

@@ -31,6 +31,9 @@ constexpr bool GoesOn(ExitCode code) { return code == ExitCode::kDone || code ==
 // Whether `wanted` is one of `names`. Tells when it is not, with the name that differs in case only if there
 // is one.
 [[nodiscard]] bool IsThere(const std::string& wanted, const std::vector<std::string>& names, Output& output);
+// The same for each of several.
+[[nodiscard]] bool AreThere(const std::vector<std::string>& wanted, const std::vector<std::string>& names,
+                            Output& output);
 std::vector<std::string> NamesOf(const std::vector<SchemeEntry>& schemes);
 
 // The schemes of those names, in the registry's order; all of them for no names. Nothing, after a line for

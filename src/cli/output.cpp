@@ -78,7 +78,8 @@ void Output::PrintTable(const std::vector<std::vector<std::string>>& rows) {
 void Output::Problem(const std::string& concern, const std::string& text) {
   // A console or a log shows problems behind the results that came before them.
   (void)Flush();
-  (void)Write(problems_, ToUtf8(OneLine(concern + ": " + text)) + "\r\n");
+  const std::string subject = concern.empty() ? "\"\"" : concern;
+  (void)Write(problems_, ToUtf8(OneLine(subject + ": " + text)) + "\r\n");
 }
 
 bool Output::Flush() {

@@ -122,16 +122,17 @@ ExitCode DeleteSchemes(const Options& options, Output& output) {
   SchemeCatalogue catalogue;
   if (const ExitCode code = OpenCatalogue(catalogue, SchemesAccess::kChange, output); !GoesOn(code))
     return code;
-  if (!ChooseSchemes(catalogue, options.Schemes, output)) return ExitCode::kNothingThere;
+  const auto chosen = ChooseSchemes(catalogue, options.Schemes, output);
+  if (!chosen) return ExitCode::kNothingThere;
   bool isBuiltIn = false;
-  for (const std::string& name : options.Schemes) {
-    if (!catalogue.IsProtected(name)) continue;
-    output.Problem(name, "This scheme is built in; nothing was deleted");
+  for (const SchemeEntry& scheme : *chosen) {
+    if (!catalogue.IsProtected(scheme.Name)) continue;
+    output.Problem(scheme.Name, "This scheme is built in; nothing was deleted");
     isBuiltIn = true;
   }
   if (isBuiltIn) return ExitCode::kNoRights;
   ExitCode code = ExitCode::kDone;
-  for (const std::string& name : options.Schemes)
-    code = std::max(code, DeleteScheme(name, catalogue, options, output));
+  for (const SchemeEntry& scheme : *chosen)
+    code = std::max(code, DeleteScheme(scheme.Name, catalogue, options, output));
   return code;
 }

@@ -1,6 +1,8 @@
 #include "support/command_line.h"
 
 #include <array>
+#include <cstring>
+#include <regex>
 
 #include "base/names.h"
 #include "model/scheme_storage.h"
@@ -12,6 +14,7 @@ namespace {
 
 constexpr DWORD kPatience = 60000;
 constexpr char kTessaly[] = "Software\\Tessaly";
+constexpr char kClass[] = "Software\\Classes\\CLSID\\{E656B628-C6DD-4125-931C-5FCA10F47A42}";
 constexpr char kSaved[] = "Software\\Kelvanstead Scheme Manager Tests\\Saved";
 
 struct Place {
@@ -23,7 +26,7 @@ const std::array kPlaces = {
     Place{HKEY_LOCAL_MACHINE, kTessaly, "Machine"},
     Place{HKEY_CURRENT_USER, kTessaly, "User"},
     Place{HKEY_CURRENT_USER, "Software\\Policies\\Tessaly", "Policies"},
-    Place{HKEY_LOCAL_MACHINE, "Software\\Classes\\CLSID\\{E656B628-C6DD-4125-931C-5FCA10F47A42}", "Class"},
+    Place{HKEY_LOCAL_MACHINE, kClass, "Class"},
 };
 
 // Moves a key with everything below it, if there is one.
@@ -59,11 +62,11 @@ std::string OutputText(const std::string& path) {
   return text;
 }
 
-// It lies beside the tests.
-std::wstring Program() {
-  std::wstring path(MAX_PATH, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), MAX_PATH));
-  return path.substr(0, path.rfind(L'\\') + 1) + L"ksm.exe";
+// A file beside the tests.
+std::string BesideTests(const std::string& name) {
+  char path[MAX_PATH];
+  GetModuleFileNameA(nullptr, path, MAX_PATH);
+  return std::string(path, strrchr(path, '\\') + 1) + name;
 }
 
 }  // namespace
@@ -76,7 +79,7 @@ RunningCommand::RunningCommand(const std::wstring& arguments, const ScratchFolde
   startup.dwFlags = STARTF_USESTDHANDLES;
   startup.hStdOutput = results.Get();
   startup.hStdError = problems.Get();
-  std::wstring line = L"\"" + Program() + L"\" " + arguments;
+  std::wstring line = L"\"" + Widen(BesideTests("ksm.exe")) + L"\" " + arguments;
   PROCESS_INFORMATION started{};
   EXPECT_TRUE(
       CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &started))
@@ -115,6 +118,12 @@ CommandResult CommandLineTest::Run(const std::string& arguments) {
 }
 
 void CommandLineTest::InstallShell() { WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, ""); }
+
+void CommandLineTest::InstallEnvironment() {
+  const std::string path = std::regex_replace(BesideTests("Environment.dll"), std::regex(R"(\\)"), "$&$&");
+  WriteTree(HKEY_LOCAL_MACHINE, kClass,
+            "[InprocServer32] @=\"" + path + "\" \"ThreadingModel\"=\"Apartment\"");
+}
 
 void CommandLineTest::Add(const SchemeProperties& scheme) {
   const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);

@@ -44,6 +44,8 @@ class CommandLineTest : public testing::Test {
 
   // The shell, with nothing in it.
   static void InstallShell();
+  // The environment component that lies beside the tests. It tells the code that Tallowby's key states.
+  static void InstallEnvironment();
   // The scheme in the registry, with its description.
   static void Add(const SchemeProperties& scheme);
   // Everything of the product that the machine has.
