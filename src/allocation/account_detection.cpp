@@ -43,7 +43,7 @@ CandidateOutcome Load(const std::string& name, SchemeProperties& scheme) {
 
 std::string ReadAccountType(const std::string& userName, int environmentCode) {
   if (IsTallowbyEnvironment(environmentCode)) {
-    return ReadText(HKEY_LOCAL_MACHINE, std::string(kTallowbyAccountsKey) + "\\" + userName, kAccountType);
+    return ReadText(HKEY_LOCAL_MACHINE, KeyPath({kTallowbyAccountsKey, userName}), kAccountType);
   }
   if (IsCratelingEnvironment(environmentCode))
     return ReadText(HKEY_LOCAL_MACHINE, kCratelingKey, kCurrentMode);

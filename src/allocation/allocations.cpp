@@ -64,7 +64,7 @@ std::vector<std::string> ValueNames(const char* path) {
 std::vector<std::string> AccountTypes(const std::vector<std::string>& accounts) {
   NameList types;
   for (const std::string& account : accounts) {
-    types.Add(ReadText(HKEY_LOCAL_MACHINE, std::string(kTallowbyAccountsKey) + "\\" + account, kAccountType));
+    types.Add(ReadText(HKEY_LOCAL_MACHINE, KeyPath({kTallowbyAccountsKey, account}), kAccountType));
   }
   return types.Take();
 }

@@ -39,7 +39,8 @@ std::vector<Allocation> ReadAllocations(bool ntFamily);
 [[nodiscard]] WriteResult WriteAllocation(AllocationKind kind, const std::string& name,
                                           const std::string& scheme);
 
-// The schemes of the machine: the names of the values of the Schemes key, in the registry's order.
+// The names of the values of the Schemes key, whether each stands for a scheme or not, in the registry's
+// order.
 std::vector<std::string> SchemeNames();
 
 // Stores the current user's own choice of a scheme (RegCreateKeyExA with full access, RegSetValueExA). The

@@ -59,8 +59,8 @@ int QueryEnvironmentCode() {
   if (!created || !environment) return kUnknownEnvironment;
   // Whatever status comes with it, the code counts.
   LONG code = kUnknownEnvironment;
-  const bool answered = Guarded([&] { environment->GetEnvironmentCode(&code); });
+  const bool told = Guarded([&] { environment->GetEnvironmentCode(&code); });
   // What it said before counts, even if it throws now.
   (void)Guarded([&] { environment->Release(); });
-  return answered ? code : kUnknownEnvironment;
+  return told ? code : kUnknownEnvironment;
 }

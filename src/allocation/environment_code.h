@@ -14,5 +14,6 @@ constexpr bool IsPerUserEnvironment(int code) {
 }
 
 // Asks the environment component (CoCreateInstance). kUnknownEnvironment where the component is not
-// installed, cannot be created, throws or crashes before it has told the code, or tells none.
+// installed, cannot be created, throws or crashes before it has told the code, or tells none. Its creation,
+// the call and its release are guarded (CallGuarded), its unloading is not.
 int QueryEnvironmentCode();

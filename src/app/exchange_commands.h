@@ -12,6 +12,8 @@
 // cannot be written. Where the Schemes key is missing, ends the program.
 void SaveToDisk(HWND owner);
 
-// Asks for a file, imports its schemes and, once the registry may have changed, calls `reload`. Says so, with
-// nothing changed, when the file is not to be read or is no scheme file.
+// Asks for a file, imports its schemes and, once the registry may have changed, calls `reload`, which may end
+// the program. Says so when the file cannot be read or is no scheme file, with nothing changed, and when
+// memory ended after the first change ("Import Problem"). What the registry refuses to take is not told: the
+// list shows it.
 void LoadFromDisk(HWND owner, const std::function<void()>& reload);

@@ -16,6 +16,7 @@
 #include "app/settings.h"
 #include "controls/list_view.h"
 #include "controls/message.h"
+#include "controls/program_pictures.h"
 #include "editor/scheme_commands.h"
 #include "helper/dialog/helper_chooser.h"
 #include "resources/picture_ids.h"
@@ -34,11 +35,6 @@ enum ListImage { kBuiltInImage, kSchemeImage };
 
 constexpr DWORD kListStyle =
     LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | LVS_NOSORTHEADER;
-
-UniqueIcon LoadIconOfSize(UINT id, int size) {
-  return UniqueIcon(static_cast<HICON>(
-      LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-}
 
 // Posted to the window itself. Without a file that waits it means nothing.
 constexpr UINT kOpenWaitingFile = WM_APP + 1;
@@ -132,9 +128,14 @@ void CMainDialog::InsertRow(int row, const SchemeEntry& scheme) {
   SetListCell(list_, row, 1, scheme.Description.c_str());
 }
 
-void CMainDialog::Reload(const std::string& schemeToSelect) {
+void CMainDialog::Reload() {
   LoadCatalogueOrEnd(catalogue_);
-  const std::optional<std::size_t> row = catalogue_.Find(schemeToSelect);
+  FillList();
+}
+
+void CMainDialog::ReloadAndSelect(const std::string& scheme) {
+  LoadCatalogueOrEnd(catalogue_);
+  const std::optional<std::size_t> row = catalogue_.Find(scheme);
   FillList(row ? static_cast<int>(*row) : -1);
 }
 
@@ -188,13 +189,14 @@ void CMainDialog::EditSelectedScheme() {
   const int row = SelectedRow(list_);
   if (row < 0) return;
   const auto edited = EditScheme(Window(), catalogue_, static_cast<std::size_t>(row), Pictures());
-  if (edited) Reload(*edited);
+  if (edited) ReloadAndSelect(*edited);
 }
 
 void CMainDialog::CreateNewScheme() {
   const int row = SelectedRow(list_);
   const std::string selected = row < 0 ? std::string() : ListCellText(list_, row, 0);
-  if (const auto created = CreateScheme(Window(), catalogue_, selected, Pictures())) Reload(*created);
+  const auto created = CreateScheme(Window(), catalogue_, selected, Pictures());
+  if (created) ReloadAndSelect(*created);
 }
 
 void CMainDialog::DeleteSelectedScheme() {
@@ -206,7 +208,7 @@ void CMainDialog::DeleteSelectedScheme() {
 }
 
 void CMainDialog::LoadSchemesFromDisk() {
-  LoadFromDisk(Window(), [this] { Reload(""); });
+  LoadFromDisk(Window(), [this] { Reload(); });
 }
 
 bool CMainDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -265,5 +267,5 @@ void CMainDialog::OpenLater(std::wstring path) {
 void CMainDialog::OpenWaitingFile() {
   if (!IsWindowEnabled(Window()) || fileToOpen_.empty()) return;
   const std::wstring path = std::exchange(fileToOpen_, {});
-  OpenSchemeFile(Window(), path, [this] { Reload(""); });
+  OpenSchemeFile(Window(), path, [this] { Reload(); });
 }

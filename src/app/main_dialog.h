@@ -30,9 +30,10 @@ class CMainDialog : public CDialog {
   void SetUpButtons();
   void SetUpList();
 
-  // Loads the catalogue after a command that changed schemes, shows it, and selects the last scheme of that
-  // name, if there is one.
-  void Reload(const std::string& schemeToSelect);
+  // Both load the catalogue after a command that changed schemes, and show it. The second selects the last
+  // scheme of that name, if there is one.
+  void Reload();
+  void ReloadAndSelect(const std::string& scheme);
   // Shows the catalogue as it stands, and selects a row; none below 0.
   void FillList(int rowToSelect = -1);
   void RebuildImageList();

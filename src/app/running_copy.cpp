@@ -8,6 +8,7 @@
 
 #include "base/program_processes.h"
 #include "base/unique_handle.h"
+#include "controls/callback.h"
 #include "controls/window_text.h"
 
 namespace {
@@ -40,8 +41,10 @@ struct WindowSearch {
 
 BOOL CALLBACK Examine(HWND window, LPARAM parameter) {
   auto& search = *reinterpret_cast<WindowSearch*>(parameter);
-  if (search.IsWanted(window) && BelongsTo(window, search.Processes)) search.Found = window;
-  return search.Found == nullptr;
+  return GuardCallback(TRUE, [&] {
+    if (search.IsWanted(window) && BelongsTo(window, search.Processes)) search.Found = window;
+    return search.Found == nullptr;
+  });
 }
 
 // The uppermost such window of another copy.

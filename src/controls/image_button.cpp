@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <array>
 
-#include "controls/bitmap_images.h"
 #include "controls/callback.h"
 #include "controls/dialog.h"
+#include "controls/program_pictures.h"
 #include "controls/window_text.h"
 
 namespace {
@@ -121,8 +121,7 @@ void CImageButton::Detach() {
 }
 
 void CImageButton::SetIcon(UINT iconId, int size) {
-  const UniqueIcon icon(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(iconId),
-                                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+  const UniqueIcon icon = LoadIconOfSize(iconId, size);
   pictures_.Reset(icon ? ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 1, 0) : nullptr);
   if (pictures_) ImageList_ReplaceIcon(pictures_.Get(), -1, icon.Get());
   pictureAbove_ = false;
@@ -135,15 +134,11 @@ void CImageButton::SetBitmaps(UINT first, UINT second) {
   Redraw();
 }
 
-void CImageButton::ShowCaption(bool show) {
-  captionShown_ = show;
-  Redraw();
-}
-
 void CImageButton::SetTooltip(const std::string& text) {
   if (GetWindowTextLengthA(button_) == 0) {
     SetWindowTextA(button_, text.c_str());
-    ShowCaption(false);
+    captionShown_ = false;
+    Redraw();
   }
   if (!tooltip_) {
     tooltip_ =

@@ -37,8 +37,6 @@ class CImageButton {
   // selected, the second while it is (LoadBitmapImages). Such a button is chosen, by mouse or Space, rather
   // than pressed: it never becomes the default button, so that Enter confirms the dialog.
   void SetBitmaps(UINT first, UINT second);
-  // Whether the window's text is drawn; it is at first. Screen readers and mnemonics use it in any case.
-  void ShowCaption(bool show);
   // Shown while the mouse rests on the button. A button that has no text takes the tooltip as its text, not
   // drawn, so that it has a name.
   void SetTooltip(const std::string& text);
@@ -54,7 +52,6 @@ class CImageButton {
   // Selected buttons show their second picture. BM_SETCHECK and BM_GETCHECK (CheckDlgButton,
   // IsDlgButtonChecked) mean the same state, which screen readers are told of as "checked".
   void SetSelected(bool selected);
-  bool IsSelected() const { return selected_; }
 
  private:
   struct Look;

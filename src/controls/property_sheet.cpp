@@ -9,15 +9,17 @@ constexpr UINT_PTR kSubclassId = 1;
 // Hands new system colours on to the pages, which the sheet's own procedure need not do, and F1 on the tabs
 // and the sheet's buttons to the page that is shown.
 LRESULT CALLBACK SheetProcedure(HWND sheet, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(sheet, &SheetProcedure, kSubclassId);
-  if (message == WM_SYSCOLORCHANGE || message == WM_THEMECHANGED) {
-    for (HWND child = GetWindow(sheet, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-      SendMessageA(child, message, wParam, lParam);
-  }
-  // Without what was pressed it is a page's own request, on its way to the owner.
-  if (message == WM_HELP && lParam)
-    return SendMessageA(PropSheet_GetCurrentPageHwnd(sheet), message, wParam, lParam);
-  return DefSubclassProc(sheet, message, wParam, lParam);
+  return GuardCallback(LRESULT{0}, [=] {
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(sheet, &SheetProcedure, kSubclassId);
+    if (message == WM_SYSCOLORCHANGE || message == WM_THEMECHANGED) {
+      for (HWND child = GetWindow(sheet, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        SendMessageA(child, message, wParam, lParam);
+    }
+    // Without what was pressed it is a page's own request, on its way to the owner.
+    if (message == WM_HELP && lParam)
+      return SendMessageA(PropSheet_GetCurrentPageHwnd(sheet), message, wParam, lParam);
+    return DefSubclassProc(sheet, message, wParam, lParam);
+  });
 }
 
 int CALLBACK OnSheetEvent(HWND sheet, UINT event, LPARAM) {

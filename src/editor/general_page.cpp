@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "controls/bitmap_images.h"
+#include "controls/program_pictures.h"
 #include "controls/window_text.h"
 #include "editor/general_page_ids.h"
 #include "editor/text_entry.h"

@@ -25,7 +25,7 @@ struct ItemListTexts {
   std::span<const ListColumn> Columns;
 };
 
-// The window of the page; what an item is, the class below knows.
+// The window of the page. The class template below adds the items.
 class CListPage : public CPropertyPage {
  protected:
   explicit CListPage(const ItemListTexts& texts);

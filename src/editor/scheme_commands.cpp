@@ -24,8 +24,8 @@ bool SettleName(HWND owner, const SchemeCatalogue& catalogue, const std::string&
   return true;
 }
 
-// Reads the scheme as the registry has it now. One that the registry does not give is not opened: what is
-// missing on the screen would be written back over what is there.
+// Reads the scheme as the registry has it now. Says so and returns false where the registry refuses to give
+// all of it: what is then missing on the screen would be written back over what is there.
 bool OpenScheme(HWND owner, const SchemeCatalogue& catalogue, const SchemeEntry& entry,
                 SchemeProperties& scheme) {
   if (catalogue.ReadScheme(entry, scheme) != Outcome::kFailed) return true;
@@ -44,7 +44,7 @@ bool ReadSource(HWND owner, const SchemeCatalogue& catalogue, const std::string&
   return true;
 }
 
-std::vector<std::string> SchemeNames(const SchemeCatalogue& catalogue) {
+std::vector<std::string> NamesOf(const SchemeCatalogue& catalogue) {
   std::vector<std::string> names;
   for (const SchemeEntry& scheme : catalogue.Schemes())
     names.push_back(scheme.Name);
@@ -84,7 +84,7 @@ std::optional<std::string> EditScheme(HWND owner, SchemeCatalogue& catalogue, st
 
 std::optional<std::string> CreateScheme(HWND owner, SchemeCatalogue& catalogue,
                                         const std::string& selectedScheme, const PictureFolders& folders) {
-  CSchemeCreationDialog creation(SchemeNames(catalogue), selectedScheme);
+  CSchemeCreationDialog creation(NamesOf(catalogue), selectedScheme);
   if (creation.DoModal(owner) != IDOK) return std::nullopt;
   SchemeProperties created;
   if (!ReadSource(owner, catalogue, creation.Source(), created)) return std::nullopt;

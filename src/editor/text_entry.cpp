@@ -23,6 +23,22 @@ void Tell(HWND owner, const TextRule& rule, TextProblem problem) {
   ShowMessage(owner, ProblemMessage(rule, problem), ProblemCaption(problem), MB_ICONEXCLAMATION);
 }
 
+// The field that is being corrected. The corrections of a long paste are made in a loop rather than by each
+// other's notifications, which would nest as deep as it holds refused characters.
+class Correction {
+ public:
+  explicit Correction(HWND edit) : outer_(std::exchange(corrected_, edit)) {}
+  ~Correction() { corrected_ = outer_; }
+  Correction(const Correction&) = delete;
+  Correction& operator=(const Correction&) = delete;
+
+  static HWND Field() { return corrected_; }
+
+ private:
+  static inline HWND corrected_ = nullptr;
+  const HWND outer_;
+};
+
 void CorrectField(HWND dialog, HWND edit, const TextRule& rule) {
   TypedText typed = ReadField(edit);
   std::size_t removedUntold = 0;
@@ -36,8 +52,8 @@ void CorrectField(HWND dialog, HWND edit, const TextRule& rule) {
     }
     PutBack(edit, typed);
   }
-  // Where text is put back first, each change that this raises would be corrected, and told of, before the
-  // one that raised it: so the length, if it was exceeded, has been told by now.
+  // A field that is put back before the message tells of the last correction first, and has told by now that
+  // the text was too long.
   for (; removedUntold > 0; --removedUntold)
     Tell(dialog, rule, TextProblem::kRefusedCharacter);
 }
@@ -45,14 +61,10 @@ void CorrectField(HWND dialog, HWND edit, const TextRule& rule) {
 }  // namespace
 
 void ApplyTextRule(HWND dialog, int controlId, const TextRule& rule) {
-  // Corrections of a long paste are made in a loop rather than by each other's notifications, which would
-  // nest as deep as it holds refused characters.
-  static HWND corrected = nullptr;
   const HWND edit = GetDlgItem(dialog, controlId);
-  if (corrected == edit) return;
-  const HWND outer = std::exchange(corrected, edit);
+  if (Correction::Field() == edit) return;
+  const Correction correction(edit);
   CorrectField(dialog, edit, rule);
-  corrected = outer;
 }
 
 bool CheckUrl(const std::string& url) {

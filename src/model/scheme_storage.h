@@ -3,8 +3,8 @@
 // All operations return what happened and show nothing. Loading a section starts from a fresh one and keeps
 // what could be read: a missing or damaged value leaves its field empty or 0, a missing section its list
 // empty. Saving never deletes: items beyond a shrunken count stay behind, unread. Saving writes nothing at
-// all, and fails, where the shell's own key is missing. A name that cannot be the name of a scheme (see
-// IsSchemeName) fails at once and touches nothing.
+// all, and fails, where the shell's own key is missing; two operations leave it to their callers to ask. A
+// name that cannot be the name of a scheme (see IsSchemeName) fails at once and touches nothing.
 //
 // Loading reads no more than kMaxItems items of a list, and of a damaged list only as far as there are items;
 // it is complete only if the list then holds as many as stated. The list's own length is what is saved.

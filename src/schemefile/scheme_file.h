@@ -33,8 +33,7 @@ class SchemeFile {
   [[nodiscard]] bool Write(const std::string& folder, const std::string& path) const;
 
   // Reads the file at `path` into this object's records. kUnreadable also when `testPath` may not be written
-  // to
-  // (_access, mode 2): write-protected files are refused. Without a file this object holds no records.
+  // to (_access, mode 2): write-protected files are refused. Without a file this object holds no records.
   [[nodiscard]] FileResult Read(const std::string& testPath, const std::string& path);
 
   // Hands the records over; this object holds none afterwards.

@@ -11,9 +11,9 @@
 #include "allocation/dialog/scheme_choice.h"
 #include "allocation/dialog/scheme_selector.h"
 #include "allocation/environment_code.h"
-#include "controls/bitmap_images.h"
 #include "controls/list_view.h"
 #include "controls/message.h"
+#include "controls/program_pictures.h"
 #include "resources/picture_ids.h"
 #include "resources/resource_ids.h"
 

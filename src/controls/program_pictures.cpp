@@ -1,4 +1,9 @@
-#include "controls/bitmap_images.h"
+#include "controls/program_pictures.h"
+
+UniqueIcon LoadIconOfSize(UINT icon, int size) {
+  return UniqueIcon(static_cast<HICON>(LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(icon),
+                                                  IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+}
 
 UniqueImageList LoadBitmapImages(std::span<const UINT> bitmaps) {
   UniqueImageList images;
