@@ -54,30 +54,4 @@ TEST(EnvironmentCode, SurvivesAComponentThatThrowsOrCrashes) {
   }
 }
 
-LONG WINAPI EndThread(EXCEPTION_POINTERS*) { ExitThread(7); }
-
-DWORD WINAPI CrashingThread(void*) {
-  Crash();
-  return 0;
-}
-
-TEST(EnvironmentCode, LeavesOtherThreadsAndHandledExceptionsAlone) {
-  const auto before = SetUnhandledExceptionFilter(&EndThread);
-  DWORD result = 0;
-  const EnvironmentComponent component([&](LONG* code) {
-    try {
-      throw 1;  // the component's own business
-    } catch (int) {
-    }
-    const HANDLE thread = CreateThread(nullptr, 0, &CrashingThread, nullptr, 0, nullptr);
-    WaitForSingleObject(thread, INFINITE);
-    GetExitCodeThread(thread, &result);
-    CloseHandle(thread);
-    return TellSix(code);
-  });
-  EXPECT_EQ(QueryEnvironmentCode(), 6);
-  EXPECT_EQ(result, 7u) << "the process' own filter saw the crash of the other thread";
-  EXPECT_EQ(SetUnhandledExceptionFilter(before), &EndThread);
-}
-
 }  // namespace

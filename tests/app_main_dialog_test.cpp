@@ -18,7 +18,9 @@
 #include "support/dialog_script.h"
 #include "support/imported_calls.h"
 #include "support/list_driver.h"
+#include "support/looks.h"
 #include "support/registry_test.h"
+#include "support/sample_schemes.h"
 #include "support/scratch_folder.h"
 
 namespace {
@@ -42,21 +44,13 @@ constexpr char kMachine[] = R"(
   [Schemes\Staff] [Schemes\Juniors]
   [Class Schemes] "1A"="INFANTS" "1B"="Juniors")";
 
-// The pixels of an image on white.
 std::vector<COLORREF> Pixels(HIMAGELIST images, int image) {
   constexpr int kSize = 16;
-  const HDC screen = GetDC(nullptr);
-  const HDC dc = CreateCompatibleDC(screen);
-  const UniqueBitmap bitmap(CreateCompatibleBitmap(screen, kSize, kSize));
-  const HGDIOBJ old = SelectObject(dc, bitmap.Get());
-  PatBlt(dc, 0, 0, kSize, kSize, WHITENESS);
-  ImageList_Draw(images, image, dc, 0, 0, ILD_TRANSPARENT);
+  const Canvas canvas(kSize, kSize);
+  ImageList_Draw(images, image, canvas.Dc.Get(), 0, 0, ILD_TRANSPARENT);
   std::vector<COLORREF> pixels;
   for (int i = 0; i < kSize * kSize; ++i)
-    pixels.push_back(GetPixel(dc, i % kSize, i / kSize));
-  SelectObject(dc, old);
-  DeleteDC(dc);
-  ReleaseDC(nullptr, screen);
+    pixels.push_back(GetPixel(canvas.Dc.Get(), i % kSize, i / kSize));
   return pixels;
 }
 
@@ -146,13 +140,7 @@ TEST_F(MainWindowTest, ShowsTheMachineAndEveryCommand) {
 
     EXPECT_EQ(GetWindowLongA(list_, GWL_STYLE) & 0x804D, 0x804D);
     EXPECT_EQ(ListView_GetExtendedListViewStyle(list_), 0x20u);
-    const HWND header = ListView_GetHeader(list_);
-    EXPECT_FALSE(GetWindowLongA(header, GWL_STYLE) & HDS_BUTTONS) << "the headers are no buttons";
-    EXPECT_EQ(Header_GetItemCount(header), 2);
-    EXPECT_EQ(ListView_GetColumnWidth(list_, 0), 180);
-    RECT area{};
-    GetClientRect(list_, &area);
-    EXPECT_EQ(ListView_GetColumnWidth(list_, 1), area.right - 180) << "the second one fills the list";
+    EXPECT_EQ(ColumnsOf(list_), "Name 180, Description 196, ") << "the second one fills the list";
   });
 }
 
@@ -242,65 +230,13 @@ TEST_F(MainWindowTest, TellsWhenAnEditFailsAndShowsWhatIsStored) {
   });
 }
 
-// The main job: save, lose everything, load.
-TEST_F(MainWindowTest, RestoresAWipedMachineFromItsFile) {
-  const ScratchFolder folder;
-  const auto choose = [file = folder.File("schemes.ksf")](HWND dialog) {
-    constexpr int kFileName = 1148;
-    SetDlgItemTextA(dialog, kFileName, file.c_str());
-    Click(dialog, IDOK);
-  };
-  Run([&] {
-    script_.Expect("Save As", choose).Expect("Open", choose);
-    Click(window_, kSave);
-    RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
-    WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "");
-    Click(window_, kLoad);
-    EXPECT_EQ(Rows(), "1Infants 1Juniors 0Staff ") << "the list follows without a restart";
-  });
-  EXPECT_EQ(ReadText(HKEY_LOCAL_MACHINE, SchemeKeyPath("Infants") + "\\Defaults", "DefaultView"), "tree1");
-}
-
-TEST_F(MainWindowTest, OpensTheOtherWindowsAndTheHelp) {
-  const ScratchFolder folder;
-  const std::string help = folder.File("help.htm");
-  WriteFileBytes(help, "");
-  constexpr char kProgram[] = "Software\\Tessaly\\KelvansteadScheme Manager";
-  Run([&] {
-    const auto close = [](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0); };
-    script_.Expect("User Schemes", close).Expect("Choose an OnScreen Helper", close);
-    Click(window_, kAllocate);
-    Click(window_, kHelper);
-
-    script_.ExpectMessage({.Icon = MB_ICONINFORMATION, .Beep = MB_ICONEXCLAMATION}, "Help Problem",
-                          "There has been a problem locating the correct help file.\nIt is recommended you "
-                          "inform your system administrator\nof this error");
-    SendMessageA(window_, WM_HELP, 0, 0);
-    RegSetKeyValueA(HKEY_LOCAL_MACHINE, kProgram, "HelpPath", REG_SZ, help.c_str(),
-                    static_cast<DWORD>(help.size() + 1));
-    ImportedCalls calls({IMPORTED(ShellExecuteA)});
-    calls.FailEach("ShellExecuteA", ERROR_ACCESS_DENIED);
-    SendMessageA(window_, WM_COMMAND, kMenuHelp, 0);
-    EXPECT_EQ(calls.Lines(), (std::vector<std::string>{"ShellExecuteA open " + help}));
-
-    script_.Expect("About Kelvanstead Scheme Manager", [](HWND about) {
-      EXPECT_EQ(TakeBeeps(), (std::vector<UINT>{0})) << "the default sound";
-      EXPECT_TRUE(FindWindowExA(about, nullptr, "Static", "Kelvanstead Scheme Manager version 2.28.0.0"));
-      Click(about, IDOK);
-    });
-    SendMessageA(window_, WM_COMMAND, kMenuAbout, 0);
-  });
-}
-
-// The page of the window where the focus is; the help as a whole where there is no such file.
-TEST_F(MainWindowTest, OpensThePageOfTheWindowByF1) {
+TEST_F(MainWindowTest, OpensTheOtherWindowsAndThePageOfTheHelpForEach) {
   const ScratchFolder folder;
   for (const char* name : {"help.htm", "main-window.htm", "allocation.htm", "scheme-editor-general.htm",
                            "scheme-editor-links.htm", "scheme-creation.htm"})
     WriteFileBytes(folder.File(name), "");
-  const std::string help = folder.File("help.htm");
-  RegSetKeyValueA(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\KelvansteadScheme Manager", "HelpPath", REG_SZ,
-                  help.c_str(), static_cast<DWORD>(help.size() + 1));
+  const std::string help = folder.File("help.htm"), schemes = folder.File("schemes.ksf");
+  WriteFileBytes(schemes, ExpectedFile());
   ImportedCalls calls({IMPORTED(ShellExecuteA)});
   calls.FailEach("ShellExecuteA", ERROR_ACCESS_DENIED);
   const auto pressF1 = [](HWND window) {
@@ -312,13 +248,19 @@ TEST_F(MainWindowTest, OpensThePageOfTheWindowByF1) {
     pressF1(dialog);
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
   };
-  std::string opened;
   Run([&] {
+    script_.ExpectMessage({.Icon = MB_ICONINFORMATION, .Beep = MB_ICONEXCLAMATION}, "Help Problem",
+                          "There has been a problem locating the correct help file.\nIt is recommended you "
+                          "inform your system administrator\nof this error");
     pressF1(window_);
+    RegSetKeyValueA(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\KelvansteadScheme Manager", "HelpPath", REG_SZ,
+                    help.c_str(), static_cast<DWORD>(help.size() + 1));
+    pressF1(window_);
+    EXPECT_EQ(calls.Lines().back(), "ShellExecuteA open " + folder.File("main-window.htm"));
     SendMessageA(window_, WM_COMMAND, kMenuHelp, 0);
     script_.Expect("User Schemes", pressF1AndCancel);
     Click(window_, kAllocate);
-    script_.Expect("Choose an OnScreen Helper", pressF1AndCancel);
+    script_.Expect("Choose an OnScreen Helper", pressF1AndCancel);  // which has no page of its own
     Click(window_, kHelper);
     script_.Expect("Scheme Creation", pressF1AndCancel);
     Click(window_, kCreate);
@@ -327,16 +269,35 @@ TEST_F(MainWindowTest, OpensThePageOfTheWindowByF1) {
       pressF1(GetDlgItem(sheet, IDOK));
       PropSheet_SetCurSel(sheet, nullptr, 1);
       Click(sheet, IDHELP);
+      Click(PropSheet_GetCurrentPageHwnd(sheet), IDHELP);
+      Click(PropSheet_GetCurrentPageHwnd(sheet), IDC_ADD_ITEM);
       Click(sheet, IDCANCEL);
     });
+    script_.Expect("Web Links", pressF1AndCancel);
     Select("Infants");
     Click(window_, kEdit);
+    std::string opened;
     for (const std::string& line : calls.Lines())
-      opened += std::filesystem::path(line).filename().string() + ' ';
+      opened += std::filesystem::path(line).stem().string() + ' ';
+    EXPECT_EQ(opened,
+              "main-window help allocation help scheme-creation scheme-editor-general scheme-editor-general "
+              "scheme-editor-links scheme-editor-links help ");
+
+    script_.Expect("About Kelvanstead Scheme Manager", [](HWND about) {
+      EXPECT_EQ(TakeBeeps(), (std::vector<UINT>{0})) << "the default sound";
+      EXPECT_TRUE(FindWindowExA(about, nullptr, "Static", "Kelvanstead Scheme Manager version 2.28.0.0"));
+      Click(about, IDOK);
+    });
+    SendMessageA(window_, WM_COMMAND, kMenuAbout, 0);
+    script_.Expect("Save As", [](HWND dialog) { Click(dialog, IDCANCEL); }).Expect("Open", [&](HWND dialog) {
+      constexpr int kFileName = 1148;
+      SetDlgItemTextA(dialog, kFileName, schemes.c_str());
+      Click(dialog, IDOK);
+    });
+    Click(window_, kSave);
+    Click(window_, kLoad);
+    EXPECT_EQ(Rows(), "1Infants 1Juniors 1" + kLeo + " 0Staff ") << "the list follows without a restart";
   });
-  EXPECT_EQ(opened,
-            "main-window.htm help.htm allocation.htm help.htm scheme-creation.htm "
-            "scheme-editor-general.htm scheme-editor-general.htm scheme-editor-links.htm ");
 }
 
 // Without the right to write, and behind a very long list of names.

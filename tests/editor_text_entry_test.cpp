@@ -13,75 +13,56 @@
 
 namespace {
 
+// Has no way out but OK.
+constexpr char kNameTitle[] = "Scheme Name Problem";
 constexpr char kRefused[] = "Error: Illegal Character", kTooLong[] = "Error: Text too long";
 
-// The editor's windows, each with a text in one of its fields. They return what is kept in the end.
-template <auto Member>
-std::string EditScheme(const std::string& text) {
-  SchemeProperties scheme;
-  scheme.*Member = text;
-  CPage1 page(scheme);
-  if (ShowInSheet(page) == IDOK) page.CopyTo(scheme);
-  return scheme.*Member;
+// The editor's windows, empty.
+void ShowScheme() {
+  CPage1 page{SchemeProperties()};
+  ShowInSheet(page);
 }
-
-template <auto Member>
-std::string EditRoot(const std::string& text) {
+void ShowRoot() {
   FolderRoot root;
-  root.RootDisplayName = "Name";
-  root.RootPath = "C:\\";
-  root.*Member = text;
   CRootPropertiesDialog(root, kNoPictures).DoModal(nullptr);
-  return root.*Member;
 }
-
-template <auto Member>
-std::string EditLink(const std::string& text) {
+void ShowLink() {
   WebLink link;
-  link.DisplayName = "Name";
-  link.URL = "www.example.com";
-  link.*Member = text;
   CWebLinkDialog(link, kNoPictures).DoModal(nullptr);
-  return link.*Member;
 }
+void ShowName() { CSchemeNameDialog("").DoModal(nullptr); }
 
-std::string EditName(const std::string& text) {
-  CSchemeNameDialog dialog(text);
-  dialog.DoModal(nullptr);
-  return dialog.Name();
-}
-
-enum Order { kTellsLengthFirst, kTellsCharacterFirst };
 struct Field {
-  const char* window;
-  int id;
-  std::string (*edit)(const std::string& text);
-  std::size_t limit;
-  const char* limitMessage;
-  const char* refused = nullptr;
-  Order order = kTellsLengthFirst;
+  int Id;
+  std::size_t Limit;
+  const char* Left;     // of what is typed, <>?/\:*"|#% and a blank
+  const char* Message;  // for each character that is not left
+};
+struct Window {
+  const char* Title;
+  void (*Show)();
+  std::vector<Field> Fields;
 };
 
-constexpr char k50[] = "There is a limit of 50 characters", k100[] = "There is a limit of 100 characters",
-               k255[] = "There is a limit of 255 characters";
 constexpr char kSheetNames[] = "The following characters are not allowed:\n\n< > ? / \\ : * \" |",
                kDialogNames[] = "The following characters are not allowed:\n\n< > ? \\ / * \" | :",
                kPaths[] = "The following characters are not allowed:\n\n< > ? / * \" |",
                kUrls[] = "The following characters are not allowed:\n\n< > \\   * \" |";
-constexpr char kSheet[] = "Scheme", kRoot[] = "Root Properties", kLink[] = "Web Links",
-               kName[] = "Scheme Name Problem";
-constexpr Field kFields[] = {
-    {kSheet, 1036, &EditScheme<&SchemeProperties::Name>, 50, k50, kSheetNames},
-    {kSheet, 1028, &EditScheme<&SchemeProperties::Description>, 50, k50, kSheetNames},
-    {kRoot, 1036, &EditRoot<&FolderRoot::RootDisplayName>, 50, k50, kDialogNames},
-    {kRoot, 1037, &EditRoot<&FolderRoot::RootPath>, 255, k255, kPaths},
-    {kRoot, 1025, &EditRoot<&FolderRoot::LongToolTip>, 100, k100},
-    {kRoot, 1026, &EditRoot<&FolderRoot::ShortToolTip>, 50, k50},
-    {kName, 1101, &EditName, 50, k50, kDialogNames},
-    {kLink, 1036, &EditLink<&WebLink::DisplayName>, 50, k50, kSheetNames, kTellsCharacterFirst},
-    {kLink, 1088, &EditLink<&WebLink::URL>, 255, k255, kUrls, kTellsCharacterFirst},
-    {kLink, 1025, &EditLink<&WebLink::LongToolTip>, 100, k100},
-    {kLink, 1026, &EditLink<&WebLink::ShortToolTip>, 50, k50},
+const Window kWindows[] = {
+    {"Scheme", &ShowScheme, {{1036, 50, "#% ", kSheetNames}, {1028, 50, "#% ", kSheetNames}}},
+    {"Root Properties",
+     &ShowRoot,
+     {{1036, 50, "#% ", kDialogNames},
+      {1037, 255, "\\:#% ", kPaths},
+      {1025, 100, "<>?/\\:*\"|#% ", ""},
+      {1026, 50, "<>?/\\:*\"|#% ", ""}}},
+    {"Web Links",
+     &ShowLink,
+     {{1036, 50, "#% ", kSheetNames},
+      {1088, 255, "?/:#%", kUrls},
+      {1025, 100, "<>?/\\:*\"|#% ", ""},
+      {1026, 50, "<>?/\\:*\"|#% ", ""}}},
+    {kNameTitle, &ShowName, {{1101, 50, "#% ", kDialogNames}}},
 };
 
 // Of a dialog, or of the page that a sheet shows.
@@ -90,66 +71,78 @@ HWND FieldOf(HWND window, int id) {
   return GetDlgItem(page ? page : window, id);
 }
 
-// What a text that is too long and, where the field refuses characters, holds one of them is told of.
-void ExpectBothMessages(DialogScript& script, const Field& field) {
-  const MessageStyle style = kExclamation.OwnedBy(field.window);
-  if (field.refused && field.order == kTellsCharacterFirst)
-    script.ExpectMessage(style, kRefused, field.refused);
-  script.ExpectMessage(style, kTooLong, field.limitMessage);
-  if (field.refused && field.order == kTellsLengthFirst) script.ExpectMessage(style, kRefused, field.refused);
+TEST(TextEntry, EachFieldIsCorrectedAsItIsTyped) {
+  const std::string typed = "<>?/\\:*\"|#% ";
+  for (const auto& [title, show, fields] : kWindows) {
+    const MessageStyle style = kExclamation.OwnedBy(title);
+    DialogScript script;
+    script.Expect(title, [&, title = title, &fields = fields](HWND window) {
+      for (const auto& [id, limit, left, message] : fields) {
+        SCOPED_TRACE(id);
+        const HWND edit = FieldOf(window, id);
+        for (std::size_t i = std::string(left).size(); i < typed.size(); ++i)
+          script.ExpectMessage(style, kRefused, message);
+        Type(GetParent(edit), id, typed);
+        EXPECT_EQ(WindowText(edit), left);
+
+        script.ExpectMessage(style, kTooLong, "There is a limit of " + std::to_string(limit) + " characters");
+        Type(GetParent(edit), id, std::string(limit + 2, 'x'));
+        EXPECT_EQ(WindowText(edit), std::string(limit, 'x'));
+      }
+      Click(window, title == kNameTitle ? IDOK : IDCANCEL);
+    });
+    show();
+  }
 }
 
-TEST(TextEntry, EachFieldIsCorrectedWhoeverSetsItsText) {
-  for (const Field& field : kFields) {
-    SCOPED_TRACE(std::string(field.window) + " " + std::to_string(field.id));
-    const std::string full(field.limit, 'x');
-    const std::string text = full + (field.refused ? "yz|" : "yz");
+// Told over the window that fills itself with it, and kept unless that is confirmed.
+TEST(TextEntry, AStoredTextIsCorrectedToo) {
+  const std::string full(50, 'x');
+  for (const int button : {IDOK, IDCANCEL}) {
+    WebLink link{full + "yz|", "www.example.com", "", "", "", ""};
+    SchemeProperties scheme;
+    scheme.Name = full + "yz|";
     DialogScript script;
-    // Typed or pasted.
-    script.Expect(field.window, [&](HWND window) {
-      const HWND edit = FieldOf(window, field.id);
-      Type(GetParent(edit), field.id, text);
-      PressOK(window);
-    });
-    ExpectBothMessages(script, field);
-    EXPECT_EQ(field.edit("short"), full);
-    // Stored, so that the window fills itself with it: told over the window, and kept until OK.
-    script.Expect(field.window, AfterItsMessages([&](HWND window) {
-                    EXPECT_EQ(WindowText(FieldOf(window, field.id)), full);
-                    PressOK(window);
-                  }));
-    ExpectBothMessages(script, field);
-    EXPECT_EQ(field.edit(text), full);
-    if (field.window == kName) continue;  // has no way out but OK
-    script.Expect(field.window, AfterItsMessages(&PressCancel));
-    ExpectBothMessages(script, field);
-    EXPECT_EQ(field.edit(text), text);
+    const auto leave = AfterItsMessages([button](HWND window) { Click(window, button); });
+    script.Expect("Web Links", leave)
+        .ExpectMessage(kExclamation.OwnedBy("Web Links"), kRefused, kSheetNames)
+        .ExpectMessage(kExclamation.OwnedBy("Web Links"), kTooLong, "There is a limit of 50 characters");
+    CWebLinkDialog(link, kNoPictures).DoModal(nullptr);
+    EXPECT_EQ(link.DisplayName, button == IDOK ? full : full + "yz|");
+
+    CPage1 page(scheme);
+    script.Expect("Scheme", leave)
+        .ExpectMessage(kExclamation.OwnedBy("Scheme"), kTooLong, "There is a limit of 50 characters")
+        .ExpectMessage(kExclamation.OwnedBy("Scheme"), kRefused, kSheetNames);
+    EXPECT_EQ(ShowInSheet(page), button);
+    page.CopyTo(scheme);
+    EXPECT_EQ(scheme.Name, button == IDOK ? full : full + "yz|");
   }
 }
 
 TEST(TextEntry, TellsAndCorrectsInTheOrderOfTheField) {
   const std::string fifty(50, 'x');
   const struct {
-    const Field& field;
-    std::string pasted;
-    std::vector<std::pair<const char*, std::string>> told;  // with what stands in the field meanwhile
-    std::string left;
+    const Window& Shown;  // of which the first field is filled
+    std::string Pasted;
+    std::vector<std::pair<const char*, std::string>> Told;  // with what stands in the field meanwhile
+    std::string Left;
   } rows[] = {
-      {kFields[0], "a*b?c", {{kRefused, "abc"}, {kRefused, "abc"}}, "abc"},
-      {kFields[7], "a*b?c", {{kRefused, "a*b?c"}, {kRefused, "a*bc"}}, "abc"},
+      {kWindows[0], "a*b?c", {{kRefused, "abc"}, {kRefused, "abc"}}, "abc"},
+      {kWindows[2], "a*b?c", {{kRefused, "a*b?c"}, {kRefused, "a*bc"}}, "abc"},
       // One excess, one message, told while the text is still too long.
-      {kFields[0], fifty + "yz*", {{kTooLong, fifty + "yz"}, {kRefused, fifty}}, fifty},
-      {kFields[7], fifty + "yz*", {{kRefused, fifty + "yz*"}, {kTooLong, fifty + "yz"}}, fifty},
+      {kWindows[0], fifty + "yz*", {{kTooLong, fifty + "yz"}, {kRefused, fifty}}, fifty},
+      {kWindows[2], fifty + "yz*", {{kRefused, fifty + "yz*"}, {kTooLong, fifty + "yz"}}, fifty},
   };
-  for (const auto& [field, pasted, told, left] : rows) {
+  for (const auto& [window, pasted, told, left] : rows) {
     HWND edit = nullptr;
     DialogScript script;
-    script.Expect(field.window, [&, &field = field, &pasted = pasted, &left = left](HWND window) {
-      edit = FieldOf(window, field.id);
-      Type(GetParent(edit), field.id, pasted);
+    script.Expect(window.Title, [&, &pasted = pasted, &left = left](HWND shown) {
+      edit = FieldOf(shown, 1036);
+      Type(GetParent(edit), 1036, pasted);
       EXPECT_EQ(WindowText(edit), left);
       EXPECT_EQ(SendMessageA(edit, EM_GETSEL, 0, 0), MAKELONG(left.size(), left.size())) << "the caret";
-      PressOK(window);
+      PressCancel(shown);
     });
     for (const auto& [caption, text] : told) {
       script.Expect(caption, [&edit, &text = text](HWND box) {
@@ -157,7 +150,7 @@ TEST(TextEntry, TellsAndCorrectsInTheOrderOfTheField) {
         PressOK(box);
       });
     }
-    field.edit("");
+    window.Show();
   }
 }
 

@@ -67,14 +67,6 @@ TEST_F(HelperTest, OpensWithTheHelperOfTheSettingOrWritesPeedys) {
   }
 }
 
-// The system takes in a NUL that stands behind the data, so the registry does not tell whether it was
-// counted.
-std::vector<std::size_t> g_sizes;
-LSTATUS WINAPI RecordSize(HKEY, LPCSTR, DWORD, DWORD, const BYTE*, DWORD size) {
-  g_sizes.push_back(size);
-  return ERROR_ACCESS_DENIED;
-}
-
 TEST_F(HelperTest, IsChosenByKeyboard) {
   WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "[]");
   const auto press = [](HWND dialog) {
@@ -89,17 +81,6 @@ TEST_F(HelperTest, IsChosenByKeyboard) {
     PressKey(VK_RETURN);
   };
   Show(press, Setting(PathOf("Genie")));
-}
-
-TEST_F(HelperTest, CountsNoTerminatingNulAndClosesWhateverBecomesOfTheWrite) {
-  WriteTree(HKEY_LOCAL_MACHINE, kSettingsKey, "[]");  // no setting: one write at once, one at OK
-  const Diversion diversion("RegSetValueExA", reinterpret_cast<void*>(&RecordSize));
-  const auto chooseMerlin = [](HWND dialog) {
-    Click(dialog, IDC_HELPER_MERLIN);
-    Click(dialog, IDOK);
-  };
-  Show(chooseMerlin, "[]");
-  EXPECT_EQ(g_sizes, (std::vector{PathOf("Peedy").size(), PathOf("Merlin").size()}));
 }
 
 TEST_F(HelperTest, ShowsThePicturesAndTooltips) {

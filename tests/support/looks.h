@@ -74,15 +74,13 @@ inline bool ShowsBitmap(const Canvas& canvas, int left, int top, UINT bitmapId) 
   return differences == 0;
 }
 
-// Whether the small picture of a list view's row is a bitmap of the program.
-inline bool RowShowsBitmap(HWND list, int row, UINT bitmapId) {
+// Draws the picture of a list view's row, LVSIL_SMALL or LVSIL_NORMAL.
+inline void DrawRowPicture(const Canvas& canvas, HWND list, int row, int size = LVSIL_SMALL) {
   LVITEMA item{};
   item.mask = LVIF_IMAGE;
   item.iItem = row;
   SendMessageA(list, LVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-  const Canvas canvas(16, 16);
-  ImageList_Draw(ListView_GetImageList(list, LVSIL_SMALL), item.iImage, canvas.Dc.Get(), 0, 0, ILD_NORMAL);
-  return ShowsBitmap(canvas, 0, 0, bitmapId);
+  ImageList_Draw(ListView_GetImageList(list, size), item.iImage, canvas.Dc.Get(), 0, 0, ILD_NORMAL);
 }
 
 // The tooltip of a control, "" where there is none.
