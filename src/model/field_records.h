@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "model/field.h"
 #include "model/item_list.h"
@@ -23,14 +24,14 @@ void WriteField(RecordStore& store, std::string_view label, const Owner& owner, 
   }
 }
 
-// Looks the same record up and stores its value in the row's member: an empty text or 0 when it is missing.
+// Stores the value of a record in the row's member: "", of a record that is missing, as an empty text or 0.
 template <class Owner>
-void ReadField(RecordStore& store, std::string_view label, Owner& owner, const Field<Owner>& field) {
+void SetField(Owner& owner, const Field<Owner>& field, std::string_view value) {
   if (const auto* text = std::get_if<typename Field<Owner>::Text>(&field.Member)) {
-    owner.** text = store.ReadStringRecord(label, field.Label);
+    owner.** text = value;
   } else {
     const auto number = std::get<typename Field<Owner>::Number>(field.Member);
-    owner.*number = static_cast<std::uint32_t>(store.ReadIntRecord(label, field.Label));
+    owner.*number = static_cast<std::uint32_t>(NumberIn(std::string(value)));
   }
 }
 
@@ -43,8 +44,14 @@ void WriteFields(RecordStore& store, std::string_view label, const Owner& owner,
 
 template <class Owner, class Fields>
 void ReadFields(RecordStore& store, std::string_view label, Owner& owner, const Fields& fields) {
+  std::vector<std::string_view> texts;
+  texts.reserve(fields.size());
   for (const Field<Owner>& field : fields)
-    ReadField(store, label, owner, field);
+    texts.push_back(field.Label);
+  store.ReadRecords(label, texts);
+  auto text = texts.begin();
+  for (const Field<Owner>& field : fields)
+    SetField(owner, field, *text++);
 }
 
 // Appends the records of every item of the list.

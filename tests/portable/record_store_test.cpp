@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "support/scheme_file_bytes.h"
 
@@ -27,6 +29,29 @@ TEST(RecordStoreTest, LooksAtTheCursorFirstThenForTheLastMatch) {
   EXPECT_EQ(store.ReadCursor(), std::size(walk));
   store.ResetReadCursor();
   EXPECT_EQ(store.ReadStringRecord("a", "1"), "first");
+}
+
+// So many keys that some of them have one hash.
+TEST(RecordStoreTest, ReadsRecordsTogetherAsOneByOne) {
+  constexpr int kKeys = 200'000;
+  std::vector<std::string> keys;
+  for (int i = 0; i < kKeys; ++i)
+    keys.push_back(std::to_string(i));
+  std::vector<SchemeRecord> records = {{"a", "0", "an earlier one"}};
+  for (const std::string& key : keys)
+    records.push_back({"a", key, key});
+  RecordStore store;
+  store.Fill(ListOf(records));
+  for (int i = 0; i < kKeys; i += 2) {
+    std::string_view texts[] = {keys[i + 1], "no such key", keys[i]};
+    store.ReadRecords("a", texts);
+    ASSERT_EQ(std::vector(texts, std::end(texts)), (std::vector<std::string_view>{keys[i + 1], "", keys[i]}));
+  }
+  store.ResetReadCursor();
+  std::string_view texts[] = {"0", "1"};
+  store.ReadRecords("a", texts);
+  EXPECT_EQ(texts[0], "an earlier one") << "which stands at the cursor";
+  EXPECT_EQ(store.ReadCursor(), 2u);
 }
 
 TEST(RecordStoreTest, FindsWhatWasAddedOrRemovedSinceTheLastLookUp) {

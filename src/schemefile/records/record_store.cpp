@@ -27,6 +27,12 @@ std::string Terminated(std::string_view text) {
 
 }  // namespace
 
+std::int32_t NumberIn(const std::string& text) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(
+      std::clamp<long long>(std::strtoll(text.c_str(), nullptr, 10), Limits::min(), Limits::max()));
+}
+
 void RecordStore::WriteStringRecord(std::string_view key1, std::string_view key2, std::string_view value) {
   index_.clear();
   records_.Append({Terminated(key1), Terminated(key2), Terminated(value)});
@@ -42,9 +48,50 @@ std::string RecordStore::ReadStringRecord(std::string_view key1, std::string_vie
 }
 
 std::int32_t RecordStore::ReadIntRecord(std::string_view key1, std::string_view key2) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  return static_cast<std::int32_t>(std::clamp<long long>(
-      std::strtoll(ReadStringRecord(key1, key2).c_str(), nullptr, 10), Limits::min(), Limits::max()));
+  return NumberIn(ReadStringRecord(key1, key2));
+}
+
+void RecordStore::ReadRecords(std::string_view key1, std::span<std::string_view> texts) {
+  std::size_t inOrder = 0;
+  for (; inOrder < texts.size() && IsAtCursor(key1, texts[inOrder]); ++inOrder)
+    texts[inOrder] = records_[readCursor_++].Value;
+  if (inOrder < texts.size()) ReadByIndex(key1, texts.subspan(inOrder));
+}
+
+// In a file of another order the records lie far apart. Each loop takes one step for all of them, so that
+// memory is waited for once a step rather than once a step and record.
+void RecordStore::ReadByIndex(std::string_view key1, std::span<std::string_view> texts) {
+  if (index_.empty()) BuildIndex();
+  struct Search {
+    std::uint32_t Hash, Position;
+    SchemeRecord Record;
+    bool IsLikely;
+  };
+  std::vector<Search> searches(texts.size());
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    searches[i].Hash = HashKeys(key1, texts[i]);
+  for (Search& search : searches)
+    search.Position = index_[search.Hash & (index_.size() - 1)].Position;
+  for (Search& search : searches)
+    if (search.Position) search.Record = records_[search.Position - 1];
+  for (Search& search : searches)
+    search.IsLikely = search.Record.Key1.substr(0, 1) == key1.substr(0, 1);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const Search& search = searches[i];
+    if (IsAtCursor(key1, texts[i])) {
+      texts[i] = records_[readCursor_].Value;
+    } else if (search.IsLikely && HasKeys(search.Record, key1, texts[i])) {
+      texts[i] = search.Record.Value;
+    } else {
+      const std::uint32_t position = FindSlot(search.Hash, key1, texts[i]).Position;
+      texts[i] = position ? records_[position - 1].Value : std::string_view();
+    }
+    ++readCursor_;
+  }
+}
+
+bool RecordStore::IsAtCursor(std::string_view key1, std::string_view key2) const {
+  return readCursor_ < Count() && HasKeys(records_[readCursor_], key1, key2);
 }
 
 void RecordStore::ClearRecordStore() {
@@ -64,8 +111,9 @@ void RecordStore::Fill(RecordList records) {
 }
 
 std::optional<std::size_t> RecordStore::FindRecord(std::string_view key1, std::string_view key2) {
+  const bool isAtCursor = IsAtCursor(key1, key2);
   const std::size_t cursor = readCursor_++;
-  if (cursor < records_.Count() && HasKeys(records_[cursor], key1, key2)) return cursor;
+  if (isAtCursor) return cursor;
   if (Count() == 0) return std::nullopt;
   if (index_.empty()) BuildIndex();
   const std::uint32_t position = FindSlot(HashKeys(key1, key2), key1, key2).Position;

@@ -5,11 +5,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "schemefile/records/record_list.h"
+
+// The number of a record, as atoi reads it: leading blanks, a sign, digits up to the first other character. 0
+// where there is none; a number out of range is cut to the nearest limit.
+std::int32_t NumberIn(const std::string& text);
 
 class RecordStore {
  public:
@@ -24,9 +29,11 @@ class RecordStore {
   // more than the length of the texts, plus once the size of the list for the first look-up that misses the
   // cursor.
   std::string ReadStringRecord(std::string_view key1, std::string_view key2);
-  // The same text through atoi: leading blanks, a sign, digits up to the first other character. 0 where there
-  // is none; a number out of range is cut to the nearest limit.
+  // The same text as a number (NumberIn).
   std::int32_t ReadIntRecord(std::string_view key1, std::string_view key2);
+  // Puts in the place of each text, the second key of a record under `key1`, what ReadStringRecord returns
+  // for it, in turn. The values stay valid until the list changes.
+  void ReadRecords(std::string_view key1, std::span<std::string_view> texts);
 
   // Where in the list the record stands that the two above read; moves the cursor in the same way.
   std::optional<std::size_t> FindRecord(std::string_view key1, std::string_view key2);
@@ -56,6 +63,8 @@ class RecordStore {
     std::uint32_t Position = 0;
   };
 
+  bool IsAtCursor(std::string_view key1, std::string_view key2) const;
+  void ReadByIndex(std::string_view key1, std::span<std::string_view> texts);
   // The slot of a record with these keys, or the free one where it belongs.
   Slot& FindSlot(std::uint32_t hash, std::string_view key1, std::string_view key2);
   void BuildIndex();
