@@ -9,7 +9,7 @@ SchemeRecord RecordList::operator[](std::size_t position) const {
 }
 
 void RecordList::Append(const SchemeRecord& record) {
-  places_.push_back({text_.size(), static_cast<std::uint32_t>(record.Key1.size()),
+  places_.push_back({static_cast<std::uint32_t>(text_.size()), static_cast<std::uint32_t>(record.Key1.size()),
                      static_cast<std::uint32_t>(record.Key2.size()),
                      static_cast<std::uint32_t>(record.Value.size())});
   for (const std::string_view text : {record.Key1, record.Key2, record.Value})

@@ -1,5 +1,5 @@
-// A list of records that owns their texts, all in one piece of memory: a file becomes such a list without a
-// copy of any text. Knows nothing of Windows.
+// A list of records that owns their texts, all in one piece of memory, of less than 4 GB: a file becomes such
+// a list without a copy of any text. Knows nothing of Windows.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,7 @@ class RecordList {
   // Where the texts of a record stand: one behind the other from Start on, each with one byte behind it that
   // belongs to none.
   struct Place {
-    std::size_t Start;
+    std::uint32_t Start;
     std::uint32_t Key1Size, Key2Size, ValueSize;
   };
 

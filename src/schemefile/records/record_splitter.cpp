@@ -20,7 +20,7 @@ RecordList SplitRecords(std::string file) {
     if (end2 == std::string::npos) break;
     const std::size_t end3 = file.find(kFieldTerminator, end2 + 1);
     if (end3 == std::string::npos) break;
-    places.push_back({start, static_cast<std::uint32_t>(end1 - start),
+    places.push_back({static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(end1 - start),
                       static_cast<std::uint32_t>(end2 - end1 - 1),
                       static_cast<std::uint32_t>(end3 - end2 - 1)});
     start = scan = end3 + 1;
