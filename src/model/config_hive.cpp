@@ -59,9 +59,14 @@ bool ConfigHive::SaveToRegistry(const SettingsCaution& caution) const {
     return false;
   }
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ | KEY_WRITE);
-  bool complete = static_cast<bool>(key);
+  if (!key) return false;
+  // On a machine without schemes no value needs to be asked for.
+  std::string name, text;
+  const bool isEmpty = ReadValueAt(key.Get(), 0, name, text) == ERROR_NO_MORE_ITEMS;
+  bool complete = true;
   for (const SchemeEntry& entry : Entries) {
-    if (!key || !IsSchemeName(entry.Name) || IsStored(key.Get(), entry.Name, entry.Description)) continue;
+    if (!IsSchemeName(entry.Name)) continue;
+    if (!isEmpty && IsStored(key.Get(), entry.Name, entry.Description)) continue;
     complete &= WriteText(key.Get(), entry.Name, entry.Description) == ERROR_SUCCESS;
   }
   return complete;

@@ -56,8 +56,9 @@ Outcome LoadKey(const std::string& path, Owner& owner, const Fields& fields) {
 }
 
 template <class Owner, class Fields>
-bool SaveKey(const std::string& path, const Owner& owner, const Fields& fields) {
-  RegistryKey key(RegistryKey::kCreate, path);
+bool SaveKey(const std::string& path, const Owner& owner, const Fields& fields,
+             HKEY root = HKEY_LOCAL_MACHINE) {
+  RegistryKey key(RegistryKey::kCreate, path, root);
   if (!key.Open()) return false;
   bool complete = true;
   for (const Field<Owner>& field : fields)

@@ -27,11 +27,11 @@ Outcome LoadItems(const std::string& sectionPath, const ItemListLayout<Owner, It
 
 // Saves every item of the list. What is stored beyond the end of the list stays.
 template <class Owner, class Item>
-bool SaveItems(const std::string& sectionPath, const ItemListLayout<Owner, Item>& layout,
-               const Owner& owner) {
+bool SaveItems(const std::string& sectionPath, const ItemListLayout<Owner, Item>& layout, const Owner& owner,
+               HKEY root = HKEY_LOCAL_MACHINE) {
   bool complete = true;
   ForEachItemPart(layout, owner, [&](const std::string& name, const ItemPart<Item>& part, const Item& item) {
-    complete &= SaveKey(sectionPath + "\\" + name + part.SubKey, item, part.Fields);
+    complete &= SaveKey(sectionPath + "\\" + name + part.SubKey, item, part.Fields, root);
   });
   return complete;
 }

@@ -23,8 +23,12 @@ std::string ItemPath(const std::string& name, const CountedSectionLayout<Item>& 
   return KeyPath({kSchemesKey, name, layout.Key, ItemName(layout.Items, number)});
 }
 
+std::string ToolBarPageKey(int number) {
+  return KeyPath({kToolBarsKey, kToolBarPageKey + std::to_string(number)});
+}
+
 std::string ToolBarPagePath(const std::string& name, int number) {
-  return KeyPath({kSchemesKey, name, kToolBarsKey, kToolBarPageKey + std::to_string(number)});
+  return KeyPath({kSchemesKey, name, ToolBarPageKey(number)});
 }
 
 template <class Item>
@@ -40,12 +44,11 @@ Outcome LoadCountedSection(const std::string& name, const CountedSectionLayout<I
 }
 
 template <class Item>
-bool SaveCountedSection(const std::string& name, const CountedSectionLayout<Item>& layout,
+bool SaveCountedSection(HKEY schemeKey, const CountedSectionLayout<Item>& layout,
                         const SchemeProperties& scheme) {
-  const std::string path = SectionPath(name, layout.Key);
-  RegistryKey key(RegistryKey::kCreate, path);
+  RegistryKey key(RegistryKey::kCreate, layout.Key, schemeKey);
   const bool counted = key.SetDword(layout.CountName, static_cast<DWORD>((scheme.*layout.Items.List).size()));
-  return SaveItems(path, layout.Items, scheme) && counted;
+  return SaveItems(layout.Key, layout.Items, scheme, schemeKey) && counted;
 }
 
 template <class Item>
@@ -60,42 +63,50 @@ bool AddMissingToCountedSection(const std::string& name, const CountedSectionLay
   return key.SetDword(layout.CountName, 0);
 }
 
-// The writers. Whoever calls them has tested MaySave, once: everything that they write lies below the guard
-// key, so no item needs to ask again.
-bool WriteFolderDisplay(const std::string& name, const SchemeProperties& scheme) {
-  return SaveCountedSection(name, kFolderDisplayLayout, scheme);
+UniqueKey CreateSchemeKey(const std::string& name) {
+  UniqueKey key;
+  (void)CreateKey(HKEY_LOCAL_MACHINE, SchemeKeyPath(name), KEY_READ | KEY_WRITE, key);
+  return key;
 }
 
-bool WriteWebLinks(const std::string& name, const SchemeProperties& scheme) {
-  return SaveCountedSection(name, kWebLinksLayout, scheme);
+// The writers, below the key of a scheme, which spares the system the way there for each key that is written.
+// Whoever calls them has tested MaySave, once: everything that they write lies below the guard key, so no
+// item needs to ask again. Without a key all of them fail.
+bool WriteFolderDisplay(HKEY schemeKey, const SchemeProperties& scheme) {
+  return SaveCountedSection(schemeKey, kFolderDisplayLayout, scheme);
 }
 
-bool WriteTabSelection(const std::string& name, const SchemeProperties& scheme) {
-  return SaveKey(SectionPath(name, kTabSelectionKey), scheme.Tabs, kTabSelectionFields);
+bool WriteWebLinks(HKEY schemeKey, const SchemeProperties& scheme) {
+  return SaveCountedSection(schemeKey, kWebLinksLayout, scheme);
 }
 
-bool WriteToolBars(const std::string& name, const SchemeProperties& scheme) {
+bool WriteTabSelection(HKEY schemeKey, const SchemeProperties& scheme) {
+  return SaveKey(kTabSelectionKey, scheme.Tabs, kTabSelectionFields, schemeKey);
+}
+
+bool WriteToolBars(HKEY schemeKey, const SchemeProperties& scheme) {
   // Creating a page's key together with its parent would cost a call for every level of the path.
-  RegistryKey section(RegistryKey::kCreate, SectionPath(name, kToolBarsKey));
+  RegistryKey section(RegistryKey::kCreate, kToolBarsKey, schemeKey);
   bool complete = section.Open();
   int number = 0;
   for (const ToolBarPage& page : scheme.ToolBars)
-    complete &= SaveKey(ToolBarPagePath(name, ++number), page, kToolBarPageFields);
+    complete &= SaveKey(ToolBarPageKey(++number), page, kToolBarPageFields, schemeKey);
   return complete;
 }
 
-bool WriteDefaults(const std::string& name, const SchemeProperties& scheme) {
-  return SaveKey(SectionPath(name, kDefaultsKey), scheme.Defaults, kDefaultsSaveFields);
+bool WriteDefaults(HKEY schemeKey, const SchemeProperties& scheme) {
+  return SaveKey(kDefaultsKey, scheme.Defaults, kDefaultsSaveFields, schemeKey);
 }
 
 bool WriteSchemeProperties(const std::string& name, const SchemeProperties& scheme) {
-  RegistryKey key(RegistryKey::kCreate, SchemeKeyPath(name));
-  if (!key.SetString(kSchemeName, scheme.Name.c_str())) return false;
-  bool complete = WriteFolderDisplay(scheme.Name, scheme);
-  complete &= WriteWebLinks(scheme.Name, scheme);
-  complete &= WriteTabSelection(scheme.Name, scheme);
-  complete &= WriteToolBars(scheme.Name, scheme);
-  complete &= WriteDefaults(scheme.Name, scheme);
+  UniqueKey key = CreateSchemeKey(name);
+  if (!key || WriteText(key.Get(), kSchemeName, scheme.Name) != ERROR_SUCCESS) return false;
+  if (name != scheme.Name) key = CreateSchemeKey(scheme.Name);
+  bool complete = WriteFolderDisplay(key.Get(), scheme);
+  complete &= WriteWebLinks(key.Get(), scheme);
+  complete &= WriteTabSelection(key.Get(), scheme);
+  complete &= WriteToolBars(key.Get(), scheme);
+  complete &= WriteDefaults(key.Get(), scheme);
   return complete;
 }
 
@@ -188,23 +199,23 @@ Outcome LoadDefaults(const std::string& name, SchemeProperties& scheme) {
 }
 
 bool SaveFolderDisplay(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteFolderDisplay(name, scheme);
+  return MaySave(name) && WriteFolderDisplay(CreateSchemeKey(name).Get(), scheme);
 }
 
 bool SaveWebLinks(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteWebLinks(name, scheme);
+  return MaySave(name) && WriteWebLinks(CreateSchemeKey(name).Get(), scheme);
 }
 
 bool SaveTabSelection(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteTabSelection(name, scheme);
+  return MaySave(name) && WriteTabSelection(CreateSchemeKey(name).Get(), scheme);
 }
 
 bool SaveToolBars(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteToolBars(name, scheme);
+  return MaySave(name) && WriteToolBars(CreateSchemeKey(name).Get(), scheme);
 }
 
 bool SaveDefaults(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteDefaults(name, scheme);
+  return MaySave(name) && WriteDefaults(CreateSchemeKey(name).Get(), scheme);
 }
 
 Outcome LoadFolderRoot(const std::string& name, int number, FolderRoot& root) {
