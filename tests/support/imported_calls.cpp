@@ -1,14 +1,14 @@
 #include "support/imported_calls.h"
 
-#include <cstring>
 #include <stdexcept>
 
 namespace {
 
 ImportedCalls* g_calls = nullptr;
 
-// Where the address of an imported function stands, null when this program does not import it.
-void** FindSlot(const char* function) {
+// Calls `visit` with the name of each function that this program imports and the place of its address.
+template <class Visit>
+void ForEachImport(Visit visit) {
   auto* base = reinterpret_cast<BYTE*>(GetModuleHandleA(nullptr));
   const auto* dos = reinterpret_cast<IMAGE_DOS_HEADER*>(base);
   const auto* header = reinterpret_cast<IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
@@ -19,11 +19,19 @@ void** FindSlot(const char* function) {
     for (; names->u1.AddressOfData; ++names, ++slots) {
       if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
       const auto* import = reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData);
-      if (std::strcmp(reinterpret_cast<const char*>(import->Name), function) == 0)
-        return reinterpret_cast<void**>(&slots->u1.Function);
+      visit(std::string(reinterpret_cast<const char*>(import->Name)),
+            reinterpret_cast<void**>(&slots->u1.Function));
     }
   }
-  return nullptr;
+}
+
+// Where the address of an imported function stands, null when this program does not import it.
+void** FindSlot(const char* function) {
+  void** found = nullptr;
+  ForEachImport([&](const std::string& name, void** slot) {
+    if (name == function) found = slot;
+  });
+  return found;
 }
 
 void* Exchange(void** slot, void* function) {
@@ -34,6 +42,12 @@ void* Exchange(void** slot, void* function) {
 }
 
 }  // namespace
+
+std::vector<std::string> ImportedFunctions() {
+  std::vector<std::string> functions;
+  ForEachImport([&](const std::string& name, void**) { functions.push_back(name); });
+  return functions;
+}
 
 Diversion::Diversion(const char* function, void* replacement) : slot_(FindSlot(function)) {
   if (!slot_) throw std::runtime_error(std::string("not imported: ") + function);

@@ -19,6 +19,9 @@
 #include <utility>
 #include <vector>
 
+// The names of all functions that this program imports.
+std::vector<std::string> ImportedFunctions();
+
 // Puts a function in the place of an imported one while it lives. Throws std::runtime_error when this program
 // imports no function of that name.
 class Diversion {
