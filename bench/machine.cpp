@@ -16,8 +16,7 @@ std::string Numbered(const char* format, int a, int b = 0) {
   return text;
 }
 
-class TreeMaker {
- public:
+struct TreeMaker {
   std::string AddKey(const std::string& key) {
     Tree.push_back({key, "", kKeyOnly, ""});
     return key;
@@ -34,9 +33,10 @@ class TreeMaker {
   template <class Record, std::size_t Size>
   void AddFields(const std::string& key, const FieldTable<Record, Size>& fields, int scheme, int record) {
     AddKey(key);
+    int flag = 0;
     for (const Field<Record>& field : fields) {
       if (std::holds_alternative<typename Field<Record>::Number>(field.Member)) {
-        AddNumber(key, field.Name, static_cast<DWORD>((scheme + record + ++flags_) % 2));
+        AddNumber(key, field.Name, static_cast<DWORD>((scheme + record + ++flag) % 2));
       } else {
         AddText(key, field.Name, Numbered("C:\\School\\Year %d\\Folder %d\\", scheme, record) + field.Name);
       }
@@ -44,10 +44,11 @@ class TreeMaker {
   }
 
   RegistryTree Tree;
-
- private:
-  int flags_ = 0;
 };
+
+void AddDescription(TreeMaker& maker, const std::string& name, int scheme) {
+  maker.AddText(kSchemesKey, name, Numbered("The scheme of class %d", scheme));
+}
 
 void AddScheme(TreeMaker& maker, const std::string& name, int scheme) {
   const std::string path = maker.AddKey(SchemeKeyPath(name));
@@ -93,11 +94,18 @@ void ReadKey(const std::string& path, RegistryTree& tree) {
 RegistryTree MakeSchemes(int count) {
   TreeMaker maker;
   maker.AddKey(kSchemesKey);
-  for (int i = 1; i <= count; ++i) {
-    maker.AddText(kSchemesKey, Numbered("Scheme %03d", i), Numbered("The scheme of class %d", i));
-  }
+  for (int i = 1; i <= count; ++i)
+    AddDescription(maker, Numbered("Scheme %03d", i), i);
   for (int i = 1; i <= count; ++i)
     AddScheme(maker, Numbered("Scheme %03d", i), i);
+  return maker.Tree;
+}
+
+RegistryTree MakeScheme(const std::string& name, int number) {
+  TreeMaker maker;
+  maker.AddKey(kSchemesKey);
+  AddDescription(maker, name, number);
+  AddScheme(maker, name, number);
   return maker.Tree;
 }
 

@@ -23,6 +23,9 @@ using RegistryTree = std::vector<RegistryValue>;
 // has texts of its own.
 RegistryTree MakeSchemes(int count);
 
+// The same of one scheme, with the texts and numbers of the `number`-th of them.
+RegistryTree MakeScheme(const std::string& name, int number);
+
 // The values of the keys beside the schemes that the program wants in order to start, with `pictures` as the
 // folder of its pictures.
 RegistryTree MakeShell(const std::string& pictures);

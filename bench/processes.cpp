@@ -2,6 +2,10 @@
 
 #include <windows.h>
 
+#include <psapi.h>
+
+#include <algorithm>
+
 #include "base/unique_handle.h"
 #include "stopwatch.h"
 
@@ -16,11 +20,18 @@ struct Process {
 };
 
 // The program shares this one's console: the host of a console of its own would run beside what is measured.
+// What it prints goes nowhere.
 Process Start(std::string commandLine) {
+  SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
+  const UniqueFile nowhere(CreateFileA("NUL", GENERIC_READ | GENERIC_WRITE,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0,
+                                       nullptr));
   STARTUPINFOA startup = {};
   startup.cb = sizeof(startup);
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdInput = startup.hStdOutput = startup.hStdError = nowhere.Get();
   PROCESS_INFORMATION started = {};
-  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                       &started)) {
     return {};
   }
@@ -69,6 +80,18 @@ double TimeProcess(const std::string& commandLine) {
   Sleep(kSettling);
   const Stopwatch watch;
   return RunProcess(commandLine) == 0 ? watch.Elapsed() : -1;
+}
+
+double PeakMemory(const std::string& commandLine) {
+  const Process process = Start(commandLine);
+  if (!process.Handle) return -1;
+  PROCESS_MEMORY_COUNTERS counters = {};
+  SIZE_T peak = 0;
+  while (WaitForSingleObject(process.Handle.Get(), 1) == WAIT_TIMEOUT) {
+    if (K32GetProcessMemoryInfo(process.Handle.Get(), &counters, sizeof(counters)))
+      peak = std::max(peak, counters.PeakWorkingSetSize);
+  }
+  return static_cast<double>(peak);
 }
 
 double TimeToWindow(const std::string& commandLine) {

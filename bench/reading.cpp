@@ -4,17 +4,18 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "files.h"
 #include "model/config_hive.h"
 #include "model/property_records.h"
 #include "processes.h"
 #include "schemefile/records/record_splitter.h"
+#include "schemefile/scheme_file.h"
 #include "stopwatch.h"
 
 namespace {
@@ -55,45 +56,44 @@ std::string FileOf(const std::vector<SchemeProperties>& schemes, bool shuffled) 
   return file;
 }
 
-struct TestFile {
-  TestFile(int schemes, bool shuffled)
-      : Schemes(schemes),
-        Path(std::string(kFolder) + (shuffled ? "\\shuffled-" : "\\in-order-") + std::to_string(schemes) +
-             ".ksf") {
-    const std::string bytes = FileOf(SomeSchemes(schemes), shuffled);
-    Records = SplitRecords(bytes).Count();
-    std::ofstream(Path, std::ios::binary) << bytes;
-  }
+struct Reading {
+  explicit Reading(int schemes, bool shuffled) : File(schemes, shuffled) {}
 
   void Measure(Report& report) {
     const DWORD microseconds =
-        RunProcess(ThisProgram(kReadCommand + (" " + Path) + " " + std::to_string(Schemes)));
+        RunProcess(ThisProgram(kReadCommand + (" " + File.Path) + " " + std::to_string(File.Schemes)));
     report.Demand(microseconds > 0, "The schemes read are not those that were written.");
     Times.Add(microseconds / 1000.0);
   }
 
-  const int Schemes;
-  const std::string Path;
-  std::size_t Records;
+  RecordFile File;
   Series Times;
 };
 
 }  // namespace
 
+RecordFile::RecordFile(int schemes, bool shuffled)
+    : Schemes(schemes),
+      Path(InFolder((shuffled ? "shuffled-" : "in-order-") + std::to_string(schemes) + ".ksf")) {
+  const std::string bytes = FileOf(SomeSchemes(schemes), shuffled);
+  Records = SplitRecords(bytes).Count();
+  std::ofstream(Path, std::ios::binary) << bytes;
+}
+
 void ReportReading(Report& report) {
-  TestFile inOrder(1100, false), shuffled(1100, true), small(110, false), smallShuffled(110, true);
-  const std::array<std::pair<const char*, TestFile*>, 4> files{{{"1,100 schemes, in order", &inOrder},
-                                                                {"1,100 schemes, shuffled", &shuffled},
-                                                                {"110 schemes, in order", &small},
-                                                                {"110 schemes, shuffled", &smallShuffled}}};
+  Reading inOrder(1100, false), shuffled(1100, true), small(110, false), smallShuffled(110, true);
+  const std::array<std::pair<const char*, Reading*>, 4> files{{{"1,100 schemes, in order", &inOrder},
+                                                               {"1,100 schemes, shuffled", &shuffled},
+                                                               {"110 schemes, in order", &small},
+                                                               {"110 schemes, shuffled", &smallShuffled}}};
   for (int round = 0; round < kRounds; ++round) {
-    for (const auto& [name, file] : files)
-      file->Measure(report);
+    for (const auto& [name, reading] : files)
+      reading->Measure(report);
   }
 
   report.Table("Splitting a file and reading its records", "file | median in ms | least");
-  for (const auto& [name, file] : files)
-    report.Times(name + (", " + std::to_string(file->Records) + " records"), file->Times);
+  for (const auto& [name, reading] : files)
+    report.Times(name + (", " + std::to_string(reading->File.Records) + " records"), reading->Times);
   report.Table("Compared", "ratio | measured | at most | ");
   report.Target("shuffled to in order", shuffled.Times.Median() / inOrder.Times.Median(), 2);
   report.Target("ten times the schemes, in order", inOrder.Times.Median() / small.Times.Median(), 12);
@@ -104,10 +104,10 @@ void ReportReading(Report& report) {
 int ReadOnce(const char* path, int schemes) {
   std::vector<SchemeProperties> read;
   const double time = Time([&] {
-    std::string file(std::filesystem::file_size(path), '\0');
-    std::ifstream(path, std::ios::binary).read(file.data(), std::ssize(file));
+    std::string bytes;
+    if (ReadSchemeFile(path, bytes) != FileResult::kDone) return;
     RecordStore& store = TheRecordStore();
-    store.Fill(SplitRecords(std::move(file)));
+    store.Fill(SplitRecords(std::move(bytes)));
     const std::int32_t count = ReadSchemeCount(store);
     store.ResetReadCursor();
     ConfigHive config;

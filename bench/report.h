@@ -7,8 +7,7 @@
 
 #include "stopwatch.h"
 
-inline constexpr int kRounds = 31;              // an odd number has a median
-inline constexpr char kFolder[] = "C:\\bench";  // for the files made on the way
+inline constexpr int kRounds = 15;  // an odd number has a median
 
 class Report {
  public:

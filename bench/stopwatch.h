@@ -42,6 +42,13 @@ class Series {
       ratios.Add(times_[i] / other.times_[i]);
     return ratios;
   }
+  // How much longer than the other each took, round by round.
+  Series Less(const Series& other) const {
+    Series rest;
+    for (std::size_t i = 0; i < times_.size(); ++i)
+      rest.Add(times_[i] - other.times_[i]);
+    return rest;
+  }
   // The same without what every time includes.
   Series Less(double part) const {
     Series rest;

@@ -75,6 +75,8 @@ add_suites(tests COMMAND ${CMAKE_SOURCE_DIR}/tools/wine-run ${CMAKE_BINARY_DIR}/
 
 file(GLOB BENCH_SOURCES CONFIGURE_DEPENDS bench/*.cpp)
 if(BENCH_SOURCES)
-  add_executable(bench EXCLUDE_FROM_ALL ${BENCH_SOURCES} $<TARGET_OBJECTS:resources>)
+  add_executable(bench EXCLUDE_FROM_ALL
+    ${BENCH_SOURCES} tests/support/imported_calls.cpp $<TARGET_OBJECTS:resources>)
+  target_include_directories(bench PRIVATE tests)
   target_link_libraries(bench PRIVATE windows)
 endif()
