@@ -75,6 +75,7 @@ void CLoadSchemesDialog::SetUpDamage() {
   ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT);
   ListView_SetItemCount(list, static_cast<int>(plan_.Damage.size()));
   StretchListColumn(list, 1);
+  FocusFirstRow(list);
 }
 
 void CLoadSchemesDialog::HideDamage() {
@@ -157,6 +158,7 @@ void CLoadSchemesDialog::ShowSettings() {
   const HWND list = Item(IDC_LOAD_SETTINGS);
   ListView_SetItemCount(list, static_cast<int>(Settings().size()));
   StretchListColumn(list, 2);
+  FocusFirstRow(list);
   InvalidateRect(list, nullptr, TRUE);
 }
 
