@@ -195,7 +195,7 @@ TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
       {{"Infants", "For \"us\""}, {"", "blank"}, {"a\\b", "no name"}, {"Juniors", ""}, {"Omega", "?"}}};
   std::string caution;
   const auto tell = [&caution](const std::string& keyPath) { caution += keyPath; };
-  EXPECT_FALSE(hive.SaveToRegistry(tell));
+  EXPECT_FALSE(hive.SaveToRegistry(tell).Complete);
   EXPECT_EQ(caution, "Software\\Tessaly\\Kelvanstead\\Schemes");
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 
@@ -203,7 +203,7 @@ TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
   const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
   const wchar_t outside[] = L"\u4e00";  // reads as a question mark, and stays what it is
   RegSetValueExW(schemes.Get(), L"Omega", 0, REG_SZ, reinterpret_cast<const BYTE*>(outside), sizeof(outside));
-  EXPECT_TRUE(hive.SaveToRegistry(tell));
+  EXPECT_FALSE(hive.SaveToRegistry(tell).Complete) << "two of the names cannot be those of schemes";
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey),
             "[]\n[] Gone=1 stays<0>\n[] Infants=1 For \"us\"<0>\n[] Juniors=1 <0>\n[] Omega=1 <19968><0>\n");
 }

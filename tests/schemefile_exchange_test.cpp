@@ -110,6 +110,19 @@ TEST_F(ExchangeTest, AnImportTellsWhatItCouldNotWrite) {
   EXPECT_TRUE(problems_.NoAccess);
 }
 
+TEST_F(ExchangeTest, ImportLeavesAloneWhatCannotBeToldApart) {
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Infants"="here" [Infants])");
+  const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
+  const wchar_t kReadsAsInfants[] = L"\uff29nfants";  // with a letter outside the code page
+  ASSERT_EQ(0, RegSetValueExW(schemes.Get(), kReadsAsInfants, 0, REG_SZ, nullptr, 0));
+  WriteFileBytes(path_, ExpectedFile());
+  Import(path_);
+  EXPECT_EQ(problems_.Schemes, std::vector<std::string>{"Infants"});
+  EXPECT_TRUE(problems_.ConfigList);
+  EXPECT_EQ(ReadText(schemes.Get(), "Infants"), "here");
+  EXPECT_EQ(RootCounts(), "Infants:0 " + kLeo + ":1 ");
+}
+
 TEST_F(ExchangeTest, ImportReplacesOnlyTheSchemesOfTheFileProtectedOnesToo) {
   SchemeProperties other = Scheme("Other"), infants = Scheme("Infants");
   infants.FolderRoots.resize(2);

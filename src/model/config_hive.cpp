@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <map>
 #include <set>
+#include <utility>
 
 #include "base/names.h"
 #include "model/scheme_storage.h"
@@ -12,16 +14,27 @@
 
 namespace {
 
-// Whether the value is a REG_SZ that reads as `text` (RegQueryValueExA). Stored characters outside the code
-// page read as others, and stay.
-bool IsStored(HKEY schemes, const std::string& name, const std::string& text) {
-  char data[kMaxTextLength + 1];
-  DWORD type = REG_NONE;
-  DWORD size = sizeof(data);
-  return RegQueryValueExA(schemes, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(data), &size) ==
-             ERROR_SUCCESS &&
-         type == REG_SZ && size == text.size() + 1 && text.compare(0, text.npos, data, text.size()) == 0;
-}
+// The values of the Schemes key as they are stored, read in one walk. A value that is too long is not there.
+class StoredPairs {
+ public:
+  explicit StoredPairs(HKEY schemes) {
+    (void)ForEachShortValue(schemes, [this](const ListedValue& value) {
+      if (!pairs_.try_emplace(value.Name, value.Type, value.Data).second) ambiguous_.insert(value.Name);
+    });
+  }
+
+  // Whether the value is a REG_SZ that reads as the pair's text. Stored characters outside the code page read
+  // as others, and stay.
+  bool Contains(const SchemeEntry& pair) const {
+    const auto found = pairs_.find(pair.Name);
+    return found != pairs_.end() && found->second == std::pair(DWORD{REG_SZ}, pair.Description + '\0');
+  }
+  const std::set<std::string, NameLess>& Ambiguous() const { return ambiguous_; }
+
+ private:
+  std::map<std::string, std::pair<DWORD, std::string>, NameLess> pairs_;
+  std::set<std::string, NameLess> ambiguous_;
+};
 
 }  // namespace
 
@@ -33,7 +46,11 @@ SchemeWalk ConfigHive::LoadFromRegistry(SchemesAccess access, std::size_t maxEnt
   if (!key) return walk;
   walk.Opened = true;
   std::set<std::string, NameLess> names;
-  const LSTATUS end = ForEachValue(key.Get(), [&](const std::string& name, const std::string& text) {
+  const LSTATUS end = ForEachValue(key.Get(), [&](const ListedValue& value) {
+    const auto& name = value.Name;
+    const std::string text = value.Text();
+    walk.CutShort = text.size() > kMaxTextLength;
+    if (walk.CutShort) return false;
     if (!names.insert(name).second) {
       walk.Unreadable.push_back(name);
       walk.Ambiguous.push_back(name);
@@ -48,26 +65,26 @@ SchemeWalk ConfigHive::LoadFromRegistry(SchemesAccess access, std::size_t maxEnt
     }
     return Entries.size() < maxEntries;
   });
-  walk.CutShort = end == ERROR_MORE_DATA;
+  walk.CutShort |= end == ERROR_MORE_DATA;
   walk.Failed |= end != ERROR_NO_MORE_ITEMS && end != ERROR_MORE_DATA && end != ERROR_SUCCESS;
   return walk;
 }
 
-bool ConfigHive::SaveToRegistry(const SettingsCaution& caution) const {
+ConfigHiveSaving ConfigHive::SaveToRegistry(const SettingsCaution& caution) const {
   if (!RegistryKey::KeyExists(kSchemesKey)) {
     if (caution) caution(kSchemesKey);
-    return false;
+    return {};
   }
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ | KEY_WRITE);
-  if (!key) return false;
-  // On a machine without schemes no value needs to be asked for.
-  std::string name, text;
-  const bool isEmpty = ReadValueAt(key.Get(), 0, name, text) == ERROR_NO_MORE_ITEMS;
-  bool complete = true;
+  if (!key) return {};
+  const StoredPairs stored(key.Get());
+  ConfigHiveSaving saving{true, stored.Ambiguous()};
   for (const SchemeEntry& entry : Entries) {
-    if (!IsSchemeName(entry.Name)) continue;
-    if (!isEmpty && IsStored(key.Get(), entry.Name, entry.Description)) continue;
-    complete &= WriteText(key.Get(), entry.Name, entry.Description) == ERROR_SUCCESS;
+    if (!IsSchemeName(entry.Name) || saving.Ambiguous.contains(entry.Name)) {
+      saving.Complete = false;
+    } else if (!stored.Contains(entry)) {
+      saving.Complete &= WriteText(key.Get(), entry.Name, entry.Description) == ERROR_SUCCESS;
+    }
   }
-  return complete;
+  return saving;
 }

@@ -4,9 +4,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "base/names.h"
 #include "model/settings_caution.h"
 
 struct SchemeEntry {
@@ -31,6 +33,13 @@ struct SchemeWalk {
   bool Failed = false;    // the registry refused something that may be there
 };
 
+// What became of the pairs that were to be written.
+struct ConfigHiveSaving {
+  bool Complete = false;
+  // The names that more than one value of the key reads as (SchemeWalk::Ambiguous).
+  std::set<std::string, NameLess> Ambiguous;
+};
+
 class ConfigHive {
  public:
   // Replaces the list by the values of the Schemes key, in the registry's order (RegEnumValueA). Values
@@ -40,8 +49,9 @@ class ConfigHive {
 
   // Writes every pair as a value of the Schemes key; one that is a REG_SZ of that text already is left as it
   // is, so that characters outside the code page survive. Where the key does not exist, tells `caution` and
-  // writes nothing. Pairs without a usable scheme name are passed over. True when everything was written.
-  [[nodiscard]] bool SaveToRegistry(const SettingsCaution& caution) const;
+  // writes nothing. Passed over, and not complete then, are names that cannot be those of schemes and names
+  // that more than one value reads as.
+  [[nodiscard]] ConfigHiveSaving SaveToRegistry(const SettingsCaution& caution) const;
 
   // Appends two records a pair to the record store.
   void WriteToFile() const;

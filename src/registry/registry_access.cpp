@@ -9,6 +9,19 @@ constexpr DWORD kBufferSize = kMaxTextLength + 1;
 // Stored texts need not end in a NUL.
 std::string TextOf(const char* data, DWORD size) { return {data, std::find(data, data + size, '\0')}; }
 
+LSTATUS ReadValueAt(HKEY key, DWORD index, ListedValue& value) {
+  char name[kBufferSize];
+  char data[kBufferSize];
+  DWORD nameLength = kBufferSize;
+  DWORD size = kBufferSize;
+  const LSTATUS result = RegEnumValueA(key, index, name, &nameLength, nullptr, &value.Type,
+                                       reinterpret_cast<BYTE*>(data), &size);
+  if (result != ERROR_SUCCESS) return result;
+  value.Name.assign(name, nameLength);
+  value.Data.assign(data, size);
+  return ERROR_SUCCESS;
+}
+
 }  // namespace
 
 LSTATUS OpenKey(HKEY root, const std::string& path, REGSAM access, UniqueKey& key) {
@@ -53,26 +66,21 @@ LSTATUS WriteText(HKEY key, const std::string& name, const std::string& text) {
                         static_cast<DWORD>(text.size() + 1));
 }
 
-LSTATUS ReadValueAt(HKEY key, DWORD index, std::string& name, std::string& text) {
-  char nameBuffer[kBufferSize];
-  char data[kBufferSize];
-  DWORD nameLength = kBufferSize;
-  DWORD size = kBufferSize;
-  const LSTATUS result = RegEnumValueA(key, index, nameBuffer, &nameLength, nullptr, nullptr,
-                                       reinterpret_cast<BYTE*>(data), &size);
-  if (result != ERROR_SUCCESS) return result;
-  name.assign(nameBuffer, nameLength);
-  text = TextOf(data, size);
-  return text.size() > kMaxTextLength ? ERROR_MORE_DATA : ERROR_SUCCESS;
+LSTATUS ForEachValue(HKEY key, const std::function<bool(const ListedValue& value)>& visit) {
+  ListedValue value;
+  for (DWORD i = 0;; ++i) {
+    const LSTATUS result = ReadValueAt(key, i, value);
+    if (result != ERROR_SUCCESS || !visit(value)) return result;
+  }
 }
 
-LSTATUS ForEachValue(HKEY key,
-                     const std::function<bool(const std::string& name, const std::string& text)>& visit) {
-  std::string name;
-  std::string text;
+LSTATUS ForEachShortValue(HKEY key, const std::function<void(const ListedValue& value)>& visit) {
+  ListedValue value;
   for (DWORD i = 0;; ++i) {
-    const LSTATUS result = ReadValueAt(key, i, name, text);
-    if (result != ERROR_SUCCESS || !visit(name, text)) return result;
+    const LSTATUS result = ReadValueAt(key, i, value);
+    if (result == ERROR_MORE_DATA) continue;
+    if (result != ERROR_SUCCESS) return result;
+    visit(value);
   }
 }
 

@@ -35,15 +35,22 @@ std::string ReadText(HKEY root, const std::string& path, const std::string& name
 // Writes a REG_SZ with its NUL (RegSetValueExA). Returns the error code; a failure changes nothing.
 [[nodiscard]] LSTATUS WriteText(HKEY key, const std::string& name, const std::string& text);
 
-// Name and text of the value at `index` (RegEnumValueA), counted from 0. Returns its error code:
-// ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA where the name or the text has more than 259 characters,
-// whatever the bytes behind them.
-LSTATUS ReadValueAt(HKEY key, DWORD index, std::string& name, std::string& text);
+// A value as a walk finds it.
+struct ListedValue {
+  std::string Name;
+  DWORD Type = REG_NONE;
+  std::string Data;  // as it is stored, at most 260 bytes
 
-// Calls `visit` with name and text of every value, in the registry's order, until it returns false. Stops at
-// the first error of any kind and returns it: ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA at a value that
-// is too long; 0 when `visit` ended the walk. `visit` must not change the key.
-LSTATUS ForEachValue(HKEY key,
-                     const std::function<bool(const std::string& name, const std::string& text)>& visit);
+  // The data up to its first NUL, whatever its type.
+  std::string Text() const { return Data.substr(0, Data.find('\0')); }
+};
+
+// Calls `visit` with every value, in the registry's order, until it returns false (RegEnumValueA). Stops at
+// the first error of any kind and returns it: ERROR_NO_MORE_ITEMS at the end, ERROR_MORE_DATA at a name of
+// more than 259 characters or data of more than 260 bytes; 0 when `visit` ended the walk. `visit` must not
+// change the key.
+LSTATUS ForEachValue(HKEY key, const std::function<bool(const ListedValue& value)>& visit);
+// The same, but passes over what is too long.
+LSTATUS ForEachShortValue(HKEY key, const std::function<void(const ListedValue& value)>& visit);
 // Calls `visit` with the name of every subkey (RegEnumKeyExA). Stops at the first error and returns it.
 LSTATUS ForEachSubkey(HKEY key, const std::function<void(const std::string& name)>& visit);

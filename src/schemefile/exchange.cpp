@@ -90,14 +90,16 @@ void AddDescriptions(SchemeHive& hive) {
 
 ImportProblems ApplyImport(const SchemeHive& hive, const SettingsCaution& caution, const Progress& progress) {
   ImportProblems problems;
-  problems.ConfigList = !hive.Config.SaveToRegistry(caution);
+  const ConfigHiveSaving list = hive.Config.SaveToRegistry(caution);
+  problems.ConfigList = !list.Complete;
   // This key lies below the shell's own: where it opens, the shell is present.
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
   problems.NoAccess = !key;
   if (!key) return problems;
   Steps steps(progress, hive.Schemes.size());
   for (const SchemeProperties& scheme : hive.Schemes) {
-    if (!SaveSchemeOfMany(scheme)) problems.Schemes.push_back(scheme.Name);
+    if (list.Ambiguous.contains(scheme.Name) || !SaveSchemeOfMany(scheme))
+      problems.Schemes.push_back(scheme.Name);
     steps.Step();
   }
   return problems;

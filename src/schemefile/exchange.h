@@ -49,6 +49,7 @@ struct ImportProblems {
 };
 
 // Writes the hive's config list to the registry and saves every scheme over that of the same name, with a
-// step for each scheme. Deletes nothing; goes on behind what cannot be written. Names that cannot name a
-// scheme are passed over and count as problems.
+// step for each scheme. Deletes nothing; goes on behind what cannot be written. A name that cannot be
+// that of a scheme, or that more than one value of the Schemes key reads as, is passed over and counts as a
+// problem.
 ImportProblems ApplyImport(const SchemeHive& hive, const SettingsCaution& caution, const Progress& progress);

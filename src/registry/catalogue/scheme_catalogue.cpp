@@ -47,15 +47,10 @@ bool DeleteAllocations(const char* kind, const std::string& scheme) {
   if (opened != ERROR_SUCCESS) return IsMissing(opened);
   std::vector<std::string> allocated;
   std::multiset<std::string, NameLess> names;
-  std::string name;
-  std::string text;
-  LSTATUS end = ERROR_SUCCESS;
-  for (DWORD i = 0; end == ERROR_SUCCESS || end == ERROR_MORE_DATA; ++i) {
-    end = ReadValueAt(key.Get(), i, name, text);
-    if (end != ERROR_SUCCESS) continue;
-    names.insert(name);
-    if (lstrcmpiA(text.c_str(), scheme.c_str()) == 0) allocated.push_back(name);
-  }
+  const LSTATUS end = ForEachShortValue(key.Get(), [&](const ListedValue& value) {
+    names.insert(value.Name);
+    if (lstrcmpiA(value.Text().c_str(), scheme.c_str()) == 0) allocated.push_back(value.Name);
+  });
   bool complete = end == ERROR_NO_MORE_ITEMS;
   for (const std::string& each : allocated)
     complete &= names.count(each) == 1 && RegDeleteValueA(key.Get(), each.c_str()) == ERROR_SUCCESS;
@@ -104,8 +99,8 @@ void SchemeCatalogue::LoadProtectedSchemes(SchemesAccess access) {
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kProtectedSchemesKey,
                                 access == SchemesAccess::kRead ? KEY_READ : KEY_ALL_ACCESS);
   if (!key) return;
-  ForEachValue(key.Get(), [this](const std::string& name, const std::string&) {
-    protectedSchemes_.insert(name);
+  ForEachValue(key.Get(), [this](const ListedValue& value) {
+    protectedSchemes_.insert(value.Name);
     return true;
   });
 }
@@ -142,7 +137,7 @@ ChangeResult SchemeCatalogue::Append(const SchemeProperties& scheme) {
   complete &= WriteText(schemes.Get(), scheme.Name, scheme.Description) == ERROR_SUCCESS;
   complete &= SaveCatalogue(scheme);
   hive_.Entries.push_back({scheme.Name, scheme.Description});
-  return DoneIf(hive_.SaveToRegistry({}) && complete);
+  return DoneIf(hive_.SaveToRegistry({}).Complete && complete);
 }
 
 // Of another scheme only what is missing has to be written: the rest would be written as it stands.
