@@ -51,8 +51,25 @@ target_include_directories(ksm SYSTEM PRIVATE ${LIBRARY_HEADERS})
 target_compile_definitions(ksm PRIVATE CLI11_HAS_FILESYSTEM=0)
 # String streams are 30 kB larger in C++20.
 set_source_files_properties(src/cli/command_line.cpp PROPERTIES COMPILE_OPTIONS -std=c++17)
-target_link_libraries(ksm PRIVATE core shell32)
-target_link_options(ksm PRIVATE ${STRIPPED})
+target_link_options(ksm PRIVATE ${STRIPPED} -municode)
+
+# These DLLs bring the window system with them, which takes longer than most commands: they are loaded when one of
+# their functions is called. 32-bit Windows decorates the functions with the size of their arguments.
+function(load_when_called dll)
+  set(functions ${ARGN})
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    list(TRANSFORM functions REPLACE "@.*" "")
+  endif()
+  list(JOIN functions "\n" exports)
+  set(library ${CMAKE_BINARY_DIR}/delayed-${dll})
+  file(WRITE ${library}.def "LIBRARY ${dll}.dll\nEXPORTS\n${exports}\n")
+  execute_process(COMMAND ${CMAKE_DLLTOOL} --kill-at --input-def ${library}.def --output-delaylib ${library}.a
+    COMMAND_ERROR_IS_FATAL ANY)
+  target_link_options(ksm PRIVATE -Wl,--whole-archive,${library}.a,--no-whole-archive)
+endfunction()
+load_when_called(ole32 CoCreateInstance@20 CoInitialize@4 CoUninitialize@0)
+load_when_called(shlwapi SHRegGetUSValueA@32 SHRegSetUSValueW@24)
+target_link_libraries(ksm PRIVATE core delayimp)
 
 add_subdirectory(${GOOGLETEST_SOURCE_DIR} googletest EXCLUDE_FROM_ALL)
 # GCC 12 warns of its own string class inside GoogleTest.

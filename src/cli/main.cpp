@@ -1,7 +1,3 @@
-#include <windows.h>
-
-#include <shellapi.h>
-
 #include <cstdlib>
 #include <exception>
 #include <optional>
@@ -17,11 +13,9 @@ void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }  // NOLINT(bugpr
 
 namespace {
 
-// The arguments behind the program's name (CommandLineToArgvW). Nothing, after a line about it, when one
-// cannot be said in the ANSI code page, which the registry and the files of the shell are in.
-std::optional<std::vector<std::string>> Arguments(Output& output) {
-  int count = 0;
-  wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+// The arguments behind the program's name. Nothing, after a line about it, when one cannot be said in the
+// ANSI code page, which the registry and the files of the shell are in.
+std::optional<std::vector<std::string>> Arguments(int count, wchar_t** wide, Output& output) {
   std::vector<std::string> arguments;
   for (int i = 1; i < count; ++i) {
     std::optional<std::string> argument = ToAnsi(wide[i]);
@@ -32,13 +26,12 @@ std::optional<std::vector<std::string>> Arguments(Output& output) {
     }
     arguments.push_back(*std::move(argument));
   }
-  LocalFree(wide);
   return arguments;
 }
 
-ExitCode Run(Output& output) {
+ExitCode Run(int count, wchar_t** wide, Output& output) {
   try {
-    const auto arguments = Arguments(output);
+    const auto arguments = Arguments(count, wide, output);
     return arguments ? RunCommandLine(*arguments, output) : ExitCode::kUsage;
   } catch (const std::exception& exception) {  // memory is exhausted
     output.Problem("ksm", exception.what());
@@ -48,9 +41,9 @@ ExitCode Run(Output& output) {
 
 }  // namespace
 
-int main() {
+int wmain(int count, wchar_t** wide) {
   Output output;
-  const ExitCode code = Run(output);
+  const ExitCode code = Run(count, wide, output);
   const bool isTold = output.Flush();
   return static_cast<int>(code == ExitCode::kDone && !isTold ? ExitCode::kFile : code);
 }
