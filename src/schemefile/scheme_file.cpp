@@ -17,7 +17,7 @@ constexpr int kExists = 0;  // the modes of _access
 constexpr int kWritable = 2;
 
 constexpr LONGLONG kMaxFileSize = 0x7FFFFFFE;  // the longest text of a 32-bit process
-constexpr std::size_t kWriteSize = 1 << 20;
+constexpr std::size_t kWriteSize = 1 << 16;
 
 // Some 40,000 schemes. A damaged file may hold little but terminators, and records in memory, with their
 // index, take fifteen times as much as those on disk.
