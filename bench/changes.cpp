@@ -39,8 +39,8 @@ bool Edit(SchemeCatalogue& catalogue) {
 
 void WalkNames() {
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ);
-  ForEachValue(key.Get(), [](const std::string& name, const std::string&) {
-    return static_cast<bool>(OpenKey(HKEY_LOCAL_MACHINE, SchemeKeyPath(name), KEY_READ));
+  ForEachValue(key.Get(), [](const ListedValue& value) {
+    return static_cast<bool>(OpenKey(HKEY_LOCAL_MACHINE, SchemeKeyPath(value.Name), KEY_READ));
   });
 }
 
