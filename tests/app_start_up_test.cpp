@@ -128,12 +128,16 @@ TEST(VersionResourceTest, NamesMakerProductAndVersion) {
 
 TEST_F(RegistryTest, SettingsComeFromTheirOwnKeys) {
   WriteTree(HKEY_LOCAL_MACHINE, kTessaly, R"(
-    [KelvansteadScheme Manager] "IconPath"="icons" "GifPath"="gifs" "Formatting"="format" "Location"="wrong"
+    [KelvansteadScheme Manager] "IconPath"="icons" "GifPath"=hex(3):67 69 66 73
+      "Formatting"="format" "Location"="wrong"
     [Kelvanstead Scheme Manager] "Location"="right" "IconPath"="wrong"
     [Kelvanstead\Settings] "Default Pictures"="default" "User Defined Pictures"="user's")");
   EXPECT_EQ(GetIconPath() + " " + GetGifPath() + " " + GetFormatting() + " " + GetLocation() + " " +
                 GetDefaultPictures() + " " + GetUserDefinedPictures(),
-            "icons gifs format right default user's");
+            "icons gifs format right default user's")
+      << "whatever the type";
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software\\Tessaly\\Kelvanstead Scheme Manager");
+  EXPECT_EQ(GetLocation(), "") << "not that of the other key";
 }
 
 }  // namespace

@@ -127,6 +127,7 @@ TEST_F(CliCommandTest, PrintsWhatIsThereAndChangesNothing) {
       {"delete Infants juniors", 4, "", "juniors: There is no such scheme; did you mean \"Juniors\"?\n"},
       {"allocations", 0,
        "Kind   Name    Scheme\nuser   ann     Infants\nuser   ben\ngroup  Pupils\ngroup  Staff\n", ""},
+      {"allocations --json", 0, "*\"name\": \"ben\",\n      \"scheme\": null,", ""},
       {"allocate --user ann infants", 4, "", "infants: There is no such scheme; did you mean \"Infants\"?\n"},
       {"allocate Infants", 2, "", "ksm allocate: Just one of --class, --user and --group is required\n"},
       {"allocate --user ann", 2, "", "*"},

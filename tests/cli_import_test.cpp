@@ -176,6 +176,7 @@ TEST_F(CliImportTest, WritesOnlyWhatIsAskedFor) {
   EXPECT_EQ(run.Code, 0u);
   EXPECT_EQ(run.Results, "Left Infants as it is: it is built in\nImported 1 scheme\n");
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, SchemeKeyPath("infants")), before);
+  EXPECT_EQ(ReadText(HKEY_LOCAL_MACHINE, kSchemesKey, "infants"), builtIn.Description);
 }
 
 TEST_F(CliImportTest, NamesWhatTheRegistryRefuses) {

@@ -72,6 +72,7 @@ TEST_F(ImageButton, ClicksDropsItsMenuAndIsSelectedLikeAnyButton) {
       {kMenu, WM_KEYDOWN, VK_SPACE, {VK_RETURN}, {32771}},
       {kMenu, WM_KEYDOWN, VK_RETURN, {VK_DOWN, VK_RETURN}, {32772}},
       {kMenu, WM_KEYDOWN, VK_DOWN, {VK_RETURN}, {32771}},
+      {kMenu, WM_KEYDOWN, VK_F4, {VK_RETURN}, {32771}},
       {kMenu, WM_SYSKEYDOWN, VK_DOWN, {VK_RETURN}, {32771}},
       {kMenu, WM_LBUTTONDOWN, 0, {VK_DOWN, VK_DOWN, VK_RETURN}, {32772}},
   };

@@ -133,6 +133,8 @@ TEST(GeneralPage, LeavesAloneWhatIsNotChanged) {
     scheme.Defaults = {view, 48, 1, 9, 1, 0, 1};
     EXPECT_EQ(Confirm(scheme), scheme) << view;
   }
+  scheme.Defaults = {"tree1", 48, 1, 9, 2, 2, 2};
+  EXPECT_EQ(Confirm(scheme).Defaults, (SchemeDefaults{"tree1", 48, 1, 9, 0, 0, 0})) << "only 1 is on";
 }
 
 TEST(GeneralPage, ShowsNeitherDefaultUsersNameNorABlankDescription) {

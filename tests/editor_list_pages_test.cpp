@@ -65,6 +65,8 @@ TEST_F(ListPages, AddEditMoveAndRemove) {
               LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOSORTHEADER);
     EXPECT_TRUE(ListView_GetExtendedListViewStyle(List(sheet)) & LVS_EX_FULLROWSELECT);
     EXPECT_EQ(ColumnsOf(List(sheet)), "Name 96, Address 172, ");
+    EXPECT_EQ(After(sheet, IDC_ITEM_LIST, VK_INSERT), "a b [x] | [L]AERU");
+    EXPECT_EQ(After(sheet, IDC_ITEM_LIST, VK_DELETE), "a [b] | [L]AERU") << "the last one";
     EXPECT_EQ(After(sheet, IDC_ADD_ITEM, VK_SPACE), "a b [c] | L[A]ERU");
     EXPECT_EQ(After(sheet, IDC_MOVE_UP, VK_SPACE), "a [c] b | LAER[U]D");
     EXPECT_EQ(After(sheet, IDC_MOVE_UP, VK_SPACE), "[c] a b | [L]AERD");
@@ -88,6 +90,7 @@ TEST_F(ListPages, AddEditMoveAndRemove) {
     EXPECT_EQ(After(sheet, IDC_ITEM_LIST, VK_DELETE), "| [L]A");
     Click(sheet, IDOK);
   });
+  script.Expect(kLinkTitle, EnterLink("x", "x"));
   script.Expect(kLinkTitle, EnterLink("c", "c.example/100%25?x"));
   script.Expect(kLinkTitle, EnterLink("not taken", "x", IDCANCEL));
   script.Expect(kLinkTitle, EnterLink("new", "https://new"));

@@ -147,6 +147,7 @@ TEST_F(SchemeCatalogueTest, ReplacesTheValueOfTheOldNameOrPutsItBack) {
   EXPECT_TRUE(RegistryKey(RegistryKey::kOpen, SchemeKeyPath("New") + "\\Defaults").HasValue("Options Menu"))
       << "the values behind it are written";
   EXPECT_EQ(Listed(), "New:n Other:o ");
+  EXPECT_TRUE(RegistryKey::KeyExists(SchemeKeyPath("Old"))) << "it stays behind";
   EXPECT_FALSE(ReadText(OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ).Get(), "Old"));
   EXPECT_TRUE(catalogue_.IsTaken("New"));
 }
@@ -199,7 +200,7 @@ TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
   EXPECT_EQ(caution, "Software\\Tessaly\\Kelvanstead\\Schemes");
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 
-  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Gone"="stays" "Juniors"=dword:1)");
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Gone"="stays" "Infants"="FOR \"us\"" "Juniors"=dword:1)");
   const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
   const wchar_t outside[] = L"\u4e00";  // reads as a question mark, and stays what it is
   RegSetValueExW(schemes.Get(), L"Omega", 0, REG_SZ, reinterpret_cast<const BYTE*>(outside), sizeof(outside));
