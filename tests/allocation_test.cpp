@@ -211,39 +211,31 @@ TEST_F(AllocationTest, WritesTheRowsInTheirOrderAndTellsOnceWhereThatIsRefused) 
   EXPECT_EQ(rows, "Oak Pupils Pupils Teachers ann ben cy ") << "Pupils again, once their key is made";
 }
 
-TEST_F(AllocationTest, WritesOneAllocation) {
+TEST_F(AllocationTest, RefusesWhatCouldNotBeReadAgain) {
   const std::string longest(259, 'n'), tooLong(260, 'n');
-  const std::tuple<std::string, std::string, WriteResult> cases[] = {
-      {"in no list", "Gone", WriteResult::kDone}, {longest, "", WriteResult::kDone},
-      {"", "Staff", WriteResult::kFailed},        {tooLong, "Staff", WriteResult::kFailed},
-      {"cy", tooLong, WriteResult::kFailed},
+  const auto write = [](const std::string& name, const std::string& scheme) {
+    return WriteAllocation(AllocationKind::kUserGroup, name, scheme);
   };
-  for (const auto& [name, scheme, result] : cases)
-    EXPECT_EQ(WriteAllocation(AllocationKind::kUserGroup, name, scheme), result) << name << scheme;
-  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes),
-             "[] \"in no list\"=\"Gone\" \"" + longest + "\"=\"\"");
-  RegDeleteTreeA(HKEY_LOCAL_MACHINE, kProductKey);
-  EXPECT_EQ(WriteAllocation(AllocationKind::kClass, "Oak", "Staff"), WriteResult::kFailed);
-  ExpectTree(HKEY_LOCAL_MACHINE, kProductKey, "");
+  EXPECT_EQ(write(longest, "Gone"), WriteResult::kDone);
+  EXPECT_EQ(write(tooLong, "Staff"), WriteResult::kFailed);
+  EXPECT_EQ(write("cy", tooLong), WriteResult::kFailed);
+  EXPECT_EQ(write("", "Staff"), WriteResult::kFailed);
+  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes), '"' + longest + R"("="Gone")");
 }
 
 TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   constexpr int kApply = IDC_CURRENT_USER_APPLY;
   const struct {
-    EnvironmentComponent::Call Component;
+    int Code;
     const char *Before, *Preselected, *Choice;
     int Button;
     const char* After;
-  } cases[] = {
-      {nullptr, "", "", "", IDOK, ""},
-      {[](LONG* code) -> HRESULT { throw* code = 3; }, "", "", "Juniors", kApply, "Juniors"},
-      {[](LONG* code) { return *code = 9, S_OK; }, "", "", "", kApply, ""},
-      {[](LONG* code) { return *code = 8, S_OK; }, "staff", "Staff", "", IDOK, "Staff"},
-      {[](LONG*) { return S_OK; }, "Gone", "", "", kApply, "Gone"},
-  };
+  } cases[] = {{9, "", "", "Juniors", kApply, "Juniors"},
+               {8, "staff", "Staff", "", IDOK, "Staff"},
+               {99, "Gone", "", "", kApply, "Gone"}};
   const std::string machine = DumpTree(HKEY_LOCAL_MACHINE, kTessaly);
   for (const auto& test : cases) {
-    const EnvironmentComponent component(test.Component);
+    const EnvironmentComponent component([&test](LONG* code) { return *code = test.Code, S_OK; });
     RegDeleteTreeA(HKEY_CURRENT_USER, kTessaly);
     if (*test.Before) {
       ASSERT_EQ(WriteConfigToUse(test.Before), WriteResult::kDone);

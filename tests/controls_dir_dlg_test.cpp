@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kSelect = 5000, kTypedName = 1148, kView = 1121, kUpOneLevel = 40961;
 
-void PressEnter(HWND) { PressKey(VK_RETURN); }
 void PressEsc(HWND) { PressKey(VK_ESCAPE); }
 
 // It neither closes the dialog nor counts.
@@ -25,18 +24,12 @@ void TypeAName(HWND frame) {
 
 void OpenTheFirstFolderOfTheList(HWND frame) {
   const HWND list = FindWindowExA(GetDlgItem(frame, kView), nullptr, WC_LISTVIEWA, nullptr);
+  EXPECT_EQ(ListView_GetItemCount(list), 1) << "no files";
   SetFocus(list);
   SelectRow(list, 0);
   PressKey(VK_RETURN);
   Pump();
   PressKey(VK_RETURN);
-}
-
-void ExpectFoldersOnly(HWND frame) {
-  const HWND list = FindWindowExA(GetDlgItem(frame, kView), nullptr, WC_LISTVIEWA, nullptr);
-  EXPECT_EQ(ListView_GetItemCount(list), 1);
-  EXPECT_EQ(ListCellText(list, 0, 0), "Inner");
-  Click(frame, kSelect);
 }
 
 void GoToMyComputer(HWND frame) {
@@ -50,20 +43,16 @@ TEST(DirDlg, ReturnsTheViewedFolderWithATrailingBackslash) {
   const ScratchFolder scratch;
   CreateDirectoryA(scratch.File("Inner").c_str(), nullptr);
   WriteFileBytes(scratch.File("File.txt"), "");
-  WriteFileBytes(scratch.File("File"), "");
   const auto before = std::filesystem::current_path();
   const struct {
     std::string initial;
     DialogScript::Action act;
     std::string path;  // "" when cancelled
   } cases[] = {
-      {"C:\\", &PressEnter, "C:\\"},
       {"C:\\windows", &TypeAName, "C:\\windows\\"},
       {scratch.Path(), &OpenTheFirstFolderOfTheList, scratch.File("Inner\\")},
-      {scratch.Path(), &ExpectFoldersOnly, scratch.File("")},
       {"C:\\", &GoToMyComputer, ""},
       {std::string(70'000, 'x'), &PressEsc, ""},
-      {"CON", &PressEsc, ""},
       {"C:\\NUL", &PressEsc, ""},
       {scratch.File("File.txt"), &PressEsc, ""},
   };

@@ -138,19 +138,17 @@ TEST(GeneralPage, LeavesAloneWhatIsNotChanged) {
 }
 
 TEST(GeneralPage, ShowsNeitherDefaultUsersNameNorABlankDescription) {
-  const struct {
-    const char *name, *description, *shownName, *shownDescription;
-  } rows[] = {{"Default User", "For everybody", "", ""},
-              {"default user", "For everybody", "default user", "For everybody"},
-              {"Staff", " ", "Staff", ""},
-              {"Staff", "  ", "Staff", "  "}};
-  for (const auto& row : rows) {
+  const std::array<std::string, 4> rows[] = {{"Default User", "For everybody", "", ""},
+                                             {"default user", "For everybody", "default user", "For everybody"},
+                                             {"Staff", " ", "Staff", ""},
+                                             {"Staff", "  ", "Staff", "  "}};
+  for (const auto& [name, description, shownName, shownDescription] : rows) {
     SchemeProperties scheme;
-    scheme.Name = row.name;
-    scheme.Description = row.description;
+    scheme.Name = name;
+    scheme.Description = description;
     scheme = Confirm(scheme);
-    EXPECT_EQ(scheme.Name, row.shownName);
-    EXPECT_EQ(scheme.Description, row.shownDescription);
+    EXPECT_EQ(scheme.Name, shownName);
+    EXPECT_EQ(scheme.Description, shownDescription);
   }
 }
 

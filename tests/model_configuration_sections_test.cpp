@@ -147,23 +147,6 @@ TEST_F(ConfigurationSectionsTest, TwoSectionsAreSavedInTheirOwnOrder) {
       "AlignRight,BackGroundImg,Buttons,CheckSupported,Default,LatchButton,VerticalMenu,");
 }
 
-TEST_F(ConfigurationSectionsTest, StatedCountsAreBounded) {
-  const std::tuple<std::int32_t, std::size_t, bool> cases[] = {
-      {0, 0, true}, {1000, 1000, true}, {1001, 0, false}, {-1, 0, false}};
-  for (const auto& [stated, items, reads] : cases) {
-    SCOPED_TRACE(stated);
-    TheRecordStore().Fill(
-        SplitRecords(FileBytes("S - Folder Display: RootFoldersCount=" + std::to_string(stated))));
-    FolderDisplaySection read;
-    EXPECT_EQ(reads, read.ReadFromFile("S"));
-    EXPECT_EQ(items, read.Roots.size());
-    read.Roots.clear();
-    EXPECT_EQ(stated <= 0, read.SaveToRegistry("T", Caution()));
-    EXPECT_EQ(reads, read.LoadFromRegistry("T"));
-    EXPECT_EQ(items, read.Roots.size());
-  }
-}
-
 // Which key guards what differs from section to section.
 TEST_F(ConfigurationSectionsTest, GuardsKeepEachLevelFromBeingWritten) {
   RegDeleteTreeA(HKEY_LOCAL_MACHINE, "Software");

@@ -8,11 +8,8 @@
 #include "registry/registry_access.h"
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
-#include "schemefile/records/record_splitter.h"
-#include "schemefile/records/record_store.h"
 #include "support/imported_calls.h"
 #include "support/registry_test.h"
-#include "support/scheme_file_bytes.h"
 
 namespace {
 
@@ -207,23 +204,6 @@ TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
   EXPECT_FALSE(hive.SaveToRegistry(tell).Complete) << "two of the names cannot be those of schemes";
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey),
             "[]\n[] Gone=1 stays<0>\n[] Infants=1 For \"us\"<0>\n[] Juniors=1 <0>\n[] Omega=1 <19968><0>\n");
-}
-
-TEST(ConfigHiveTest, ReadsAsManyEntriesAsStatedAndThereCanBe) {
-  // The walk over the values would end at a longer text and hide the schemes behind it.
-  const std::string fits(259, 'f');
-  const std::string file =
-      "Config Hive: Config1=Infants; Infants=one; Config2=; =blank; Config3=Juniors; Juniors=" + fits +
-      "x\nScheme Count: The number of schemes=";
-  const std::pair<const char*, std::size_t> counts[] = {{"3", 3}, {"", 0}, {"-1", 0}, {"2000000000", 7}};
-  for (const auto& [stated, read] : counts) {
-    TheRecordStore().Fill(SplitRecords(FileBytes(file + stated)));
-    ConfigHive hive{{{"left", "over"}}};
-    hive.ReadFromFile();
-    std::vector<SchemeEntry> expected{{"Infants", "one"}, {"", "blank"}, {"Juniors", fits}};
-    expected.resize(read, {"", "blank"});
-    EXPECT_EQ(expected, hive.Entries) << stated;
-  }
 }
 
 }  // namespace

@@ -158,6 +158,7 @@ TEST_F(ExchangeTest, DamageCostsWhatItHit) {
       {"more roots than can be", "Count|1", "Count|1001", false, both},
       {"number of roots absurd", "Count|1", "Count|99999999999", false, both},
       {"number of roots negative", "Count|1", "Count|-1", false, "Infants:0 " + kLeo + ":1 "},
+      {"description too long", "For Infants|", std::string(300, 'x') + "|", false, both},
       {"blank name", second, name + "|", false, first},
       {"name with a backslash", second, name + "a\\b|", false, first},
       {"name with a NUL", second, name + std::string("a\0b|", 4), false, first},
@@ -174,6 +175,7 @@ TEST_F(ExchangeTest, DamageCostsWhatItHit) {
     WriteFileBytes(path_, file);
     EXPECT_EQ(Import(path_), damage.refused ? FileResult::kNotASchemeFile : FileResult::kDone);
     EXPECT_EQ(RootCounts(), damage.schemes);
+    EXPECT_EQ(SchemeCatalogue().LoadCatalogue(), CatalogueResult::kLoaded) << "what is stored can be listed";
   }
 }
 
