@@ -226,16 +226,21 @@ TEST_F(AllocationTest, RefusesWhatCouldNotBeReadAgain) {
 TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   constexpr int kApply = IDC_CURRENT_USER_APPLY;
   const struct {
-    int Code;
+    EnvironmentComponent::Call Component;  // null: there is none
     const char *Before, *Preselected, *Choice;
     int Button;
     const char* After;
-  } cases[] = {{9, "", "", "Juniors", kApply, "Juniors"},
-               {8, "staff", "Staff", "", IDOK, "Staff"},
-               {99, "Gone", "", "", kApply, "Gone"}};
+  } cases[] = {{[](LONG* code) { return *code = 9, S_OK; }, "", "", "Juniors", kApply, "Juniors"},
+               {[](LONG* code) { return *code = 8, S_OK; }, "staff", "Staff", "", IDOK, "Staff"},
+               {[](LONG*) { return S_OK; }, "Gone", "", "", kApply, "Gone"},
+               // One that throws or crashes has said nothing.
+               {[](LONG* code) -> HRESULT { throw* code = 3; }, "", "", "", kApply, ""},
+               {[](LONG* code) { return *code = 3, *static_cast<volatile HRESULT*>(nullptr); }, "", "", "",
+                kApply, ""},
+               {nullptr, "", "", "", IDOK, ""}};
   const std::string machine = DumpTree(HKEY_LOCAL_MACHINE, kTessaly);
   for (const auto& test : cases) {
-    const EnvironmentComponent component([&test](LONG* code) { return *code = test.Code, S_OK; });
+    const EnvironmentComponent component(test.Component);
     RegDeleteTreeA(HKEY_CURRENT_USER, kTessaly);
     if (*test.Before) {
       ASSERT_EQ(WriteConfigToUse(test.Before), WriteResult::kDone);

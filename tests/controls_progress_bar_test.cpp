@@ -50,22 +50,6 @@ TEST_F(ProgressBar, IsModalToTheMainWindowAndLetsItPaintOnly) {
   }
 }
 
-TEST_F(ProgressBar, StandsMoreThanOnceInsideAGuardOfTheWholeCommand) {
-  {
-    const CommandGuard guard(main_);
-    for (int i = 0; i < 2; ++i) {
-      { CProgressBar progress(main_, 0, 1, 1, "Saving", kCaption, "Cancel", 0); }
-      EXPECT_FALSE(IsWindowEnabled(main_)) << "the guard's to enable";
-    }
-    for (const DWORD flags : {0, KEYEVENTF_KEYUP})
-      keybd_event(VK_SPACE, 0, flags, 0);
-  }
-  EXPECT_TRUE(IsWindowEnabled(main_));
-  EXPECT_EQ(GetFocus(), main_);
-  Pump();
-  EXPECT_EQ(SendMessageA(main_, BM_GETCHECK, 0, 0), BST_UNCHECKED) << "a key of the time before got through";
-}
-
 // A themed bar as the user sees it while no timer runs: a fall shows at once, a rise later.
 LONG_PTR g_shown;
 LRESULT CALLBACK ThemedBar(HWND bar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {

@@ -180,22 +180,18 @@ TEST_F(ExchangeTest, DamageCostsWhatItHit) {
 }
 
 TEST_F(ExchangeTest, RefusesFilesThatCannotBeRead) {
-  const auto expectRefusal = [this](const std::string& path) {
-    EXPECT_EQ(Import(path), FileResult::kUnreadable);
-    EXPECT_EQ(RootCounts(), "");
-  };
-  expectRefusal(folder_.Path());
-  expectRefusal(folder_.File("none.ksf"));
+  EXPECT_EQ(Import(folder_.Path()), FileResult::kUnreadable);
   WriteFileBytes(path_, ExpectedFile() + std::string(12'000'000, '\xAC'));
-  expectRefusal(path_);
+  EXPECT_EQ(Import(path_), FileResult::kUnreadable);
   WriteFileBytes(path_, ExpectedFile());
   SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_READONLY);
-  expectRefusal(path_);
+  EXPECT_EQ(Import(path_), FileResult::kUnreadable);
   EXPECT_FALSE(Export()) << "a protected file is not replaced either";
   EXPECT_EQ(ReadFileBytes(path_), ExpectedFile());
   SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_NORMAL);
   const UniqueFile inUse(CreateFileA(path_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-  expectRefusal(path_);
+  EXPECT_EQ(Import(path_), FileResult::kUnreadable);
+  EXPECT_EQ(RootCounts(), "");
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
-#include <map>
 #include <utility>
 
 #include "controls/window_text.h"
@@ -12,13 +12,10 @@
 
 namespace {
 
-constexpr UINT kSettled = WM_APP + 1;
-constexpr UINT_PTR kTick = 1;  // no window has this handle
-constexpr UINT kTickInterval = 50;
+constexpr UINT kTickInterval = USER_TIMER_MINIMUM;
 constexpr ULONGLONG kPatience = 10'000;
 constexpr int kMostClosed = 50;
 constexpr int kMessageTextId = 0xFFFF, kMessageIconIds[] = {1088, 20};  // Wine's, Windows'
-constexpr char kReceiverClass[] = "DialogScriptReceiver";
 
 bool IsDialog(HWND window) {
   char className[16] = "";
@@ -57,26 +54,28 @@ class DialogWatch : public testing::Environment {
   std::vector<UINT> TakeBeeps() { return std::exchange(beeps_, {}); }
 
  private:
+  enum State { kNew, kPlayed, kUnwanted };
   struct OpenDialog {
-    bool isUnwanted = false;
-    int attempts = 0;  // to close it
+    HWND Window;
+    State IsIn = kNew;
+    int TicksToClose = 0;  // so far
   };
 
   static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam);
-  static LRESULT CALLBACK Receiver(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD);
   static BOOL WINAPI RecordBeep(UINT type);
 
+  std::vector<OpenDialog>::iterator Find(HWND window);
   void OnActivate(HWND window);
   void OnDestroy(HWND window);
-  void OnSettled(HWND dialog);
-  void OnTick();
-  void Close(HWND dialog, int attempt);
+  State Present(HWND dialog);
+  void Close(OpenDialog& open);
 
-  HWND receiver_ = nullptr;
   HHOOK hook_ = nullptr;
+  UINT_PTR timer_ = 0;
   std::optional<Diversion> beep_;
   DialogScript* script_ = nullptr;
-  std::map<HWND, OpenDialog> open_;
+  std::vector<OpenDialog> open_;  // in the order of their coming
   std::vector<UINT> beeps_;
   int closed_ = 0;
   ULONGLONG lastEvent_ = 0;
@@ -89,13 +88,6 @@ auto* const g_watch = static_cast<DialogWatch*>(testing::AddGlobalTestEnvironmen
 }  // namespace
 
 void DialogWatch::SetUp() {
-  WNDCLASSA windowClass{};
-  windowClass.lpfnWndProc = &Receiver;
-  windowClass.hInstance = GetModuleHandleA(nullptr);
-  windowClass.lpszClassName = kReceiverClass;
-  RegisterClassA(&windowClass);
-  receiver_ =
-      CreateWindowA(kReceiverClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, windowClass.hInstance, nullptr);
   hook_ = SetWindowsHookExA(WH_CBT, &Hook, nullptr, GetCurrentThreadId());
   beep_.emplace("MessageBeep", reinterpret_cast<void*>(&RecordBeep));
 }
@@ -103,7 +95,6 @@ void DialogWatch::SetUp() {
 void DialogWatch::TearDown() {
   beep_.reset();
   UnhookWindowsHookEx(hook_);
-  DestroyWindow(receiver_);
 }
 
 void DialogWatch::Follow(DialogScript* script) {
@@ -113,8 +104,7 @@ void DialogWatch::Follow(DialogScript* script) {
   closed_ = 0;
 }
 
-// Acting inside the hook does not work (a property sheet has no page yet when it is activated), so it only
-// posts.
+// Acting inside the hook does not work: a property sheet has no page yet when it is activated.
 LRESULT CALLBACK DialogWatch::Hook(int code, WPARAM wParam, LPARAM lParam) {
   const auto window = reinterpret_cast<HWND>(wParam);
   if (code == HCBT_ACTIVATE && IsDialog(window)) g_watch->OnActivate(window);
@@ -122,69 +112,71 @@ LRESULT CALLBACK DialogWatch::Hook(int code, WPARAM wParam, LPARAM lParam) {
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
+std::vector<DialogWatch::OpenDialog>::iterator DialogWatch::Find(HWND window) {
+  return std::ranges::find(open_, window, &OpenDialog::Window);
+}
+
 void DialogWatch::OnActivate(HWND window) {
-  if (!open_.try_emplace(window).second) return;
+  if (Find(window) != open_.end()) return;
+  open_.push_back({window});
   lastEvent_ = GetTickCount64();
-  PostMessageA(receiver_, kSettled, reinterpret_cast<WPARAM>(window), 0);
-  SetTimer(receiver_, kTick, kTickInterval, nullptr);
+  if (!timer_) timer_ = SetTimer(nullptr, 0, kTickInterval, &OnTick);
 }
 
 void DialogWatch::OnDestroy(HWND window) {
-  if (open_.erase(window)) lastEvent_ = GetTickCount64();
+  if (Find(window) == open_.end()) return;
+  open_.erase(Find(window));
+  lastEvent_ = GetTickCount64();
+  if (open_.empty()) KillTimer(nullptr, std::exchange(timer_, 0));
 }
 
-LRESULT CALLBACK DialogWatch::Receiver(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != kSettled && message != WM_TIMER) return DefWindowProcA(window, message, wParam, lParam);
-  if (message == WM_TIMER && wParam == kTick) {
-    g_watch->OnTick();
-    return 0;
+// A tick comes when the messages of before are done with, in whatever loop runs then. Playing a step may open
+// and close dialogs, during which more ticks come.
+void CALLBACK DialogWatch::OnTick(HWND, UINT, UINT_PTR, DWORD) {
+  DialogScript*& script = g_watch->script_;
+  std::vector<OpenDialog>& open = g_watch->open_;
+  if (script && GetTickCount64() - g_watch->lastEvent_ > kPatience) script->GiveUp();
+  for (std::size_t i = 0; i < open.size(); ++i) {
+    const HWND dialog = open[i].Window;
+    if (open[i].IsIn == kNew) {
+      if (!IsWindowVisible(dialog)) continue;
+      open[i].IsIn = kPlayed;
+      const State state = g_watch->Present(dialog);
+      if (const auto played = g_watch->Find(dialog); played != open.end()) played->IsIn = state;
+    } else if (open[i].IsIn == kUnwanted || (script && script->abandoned_)) {
+      // What waits for another dialog is closed after it.
+      if (IsWindowEnabled(dialog)) g_watch->Close(open[i]);
+    }
   }
-  const auto dialog = reinterpret_cast<HWND>(wParam);
-  KillTimer(window, wParam);
-  if (!IsWindow(dialog)) return 0;
-  if (IsWindowVisible(dialog)) {
-    g_watch->OnSettled(dialog);
-  } else {
-    // A dialog without WS_VISIBLE is shown when its queue is empty, so a posted message would not do.
-    SetTimer(window, wParam, USER_TIMER_MINIMUM, nullptr);
-  }
-  return 0;
 }
 
-void DialogWatch::OnSettled(HWND dialog) {
+DialogWatch::State DialogWatch::Present(HWND dialog) {
   if (!script_) ADD_FAILURE() << TestName() << ": unexpected dialog " << Quoted(dialog);
   const bool isWanted = script_ && script_->Play(dialog);
   lastEvent_ = GetTickCount64();
-  if (const auto open = open_.find(dialog); open != open_.end()) open->second.isUnwanted = !isWanted;
-}
-
-void DialogWatch::OnTick() {
-  if (open_.empty()) {
-    KillTimer(receiver_, kTick);
-    return;
-  }
-  if (script_ && GetTickCount64() - lastEvent_ > kPatience) script_->GiveUp();
-  const auto unwanted = open_;
-  for (const auto& [dialog, state] : unwanted) {
-    // What waits for another dialog is closed after it.
-    if (!(state.isUnwanted || (script_ && script_->abandoned_)) || !IsWindowEnabled(dialog)) continue;
-    ++open_[dialog].attempts;
-    Close(dialog, state.attempts);
-  }
+  return isWanted ? kPlayed : kUnwanted;
 }
 
 // The gentle ways first: a message box with OK only has no Cancel.
-void DialogWatch::Close(HWND dialog, int attempt) {
-  if (attempt == 0 && ++closed_ > kMostClosed) {
-    std::printf("%s: dialogs keep coming, so the tests end here: %s\n[  FAILED  ] %s\n", TestName().c_str(),
-                Quoted(dialog).c_str(), TestName().c_str());
-    std::fflush(stdout);
-    TerminateProcess(GetCurrentProcess(), 1);
-  }
-  if (attempt < 2) {
-    PostMessageA(dialog, WM_COMMAND, attempt == 0 ? IDCANCEL : IDOK, 0);
-  } else if (attempt > 2 || !EndDialog(dialog, IDCANCEL)) {
-    DestroyWindow(dialog);
+void DialogWatch::Close(OpenDialog& open) {
+  switch (open.TicksToClose++) {
+    case 0:
+      if (++closed_ > kMostClosed) {
+        std::printf("%s: dialogs keep coming, so the tests end here: %s\n[  FAILED  ] %s\n",
+                    TestName().c_str(), Quoted(open.Window).c_str(), TestName().c_str());
+        std::fflush(stdout);
+        TerminateProcess(GetCurrentProcess(), 1);
+      }
+      PostMessageA(open.Window, WM_COMMAND, IDCANCEL, 0);
+      break;
+    case 5:
+      PostMessageA(open.Window, WM_COMMAND, IDOK, 0);
+      break;
+    case 10:
+      EndDialog(open.Window, IDCANCEL);
+      break;
+    case 15:
+      DestroyWindow(open.Window);
   }
 }
 
