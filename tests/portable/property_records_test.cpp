@@ -31,9 +31,11 @@ TEST(PropertyRecordsTest, ReadsBackWhatItWroteInAnyOrderOfTheFile) {
   // Names that are prefixes of one another, or hold what separates a name from a label.
   const std::vector<SchemeProperties> schemes = {Scheme("Infants", 3, 2), Scheme("Infants - Tabs", 0, 0),
                                                  Scheme("Infant", 11, 1000)};
+  std::vector<SchemeProperties> written = schemes;
+  written[0].Tabs.Page2 = 5;  // read back as 1
   RecordStore store;
-  WriteSchemeCount(store, schemes.size());
-  WriteSchemes(store, schemes, [] {});
+  WriteSchemeCount(store, written.size());
+  WriteSchemes(store, written, [] {});
   const RecordList file = ThroughFile(store);
   std::vector<SchemeRecord> records = Records(file);
   for (const bool shuffled : {false, true}) {

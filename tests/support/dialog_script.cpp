@@ -253,8 +253,7 @@ UINT IconOf(HWND box) {
 
 std::string ButtonsOf(HWND box) {
   const std::pair<int, const char*> buttons[] = {
-      {IDOK, "OK"},       {IDYES, "Yes"},       {IDNO, "No"},         {IDABORT, "Abort"},
-      {IDRETRY, "Retry"}, {IDIGNORE, "Ignore"}, {IDCANCEL, "Cancel"}, {IDHELP, "Help"}};
+      {IDOK, "OK"}, {IDYES, "Yes"}, {IDNO, "No"}, {IDRETRY, "Retry"}, {IDCANCEL, "Cancel"}};
   const int pressedByEnter = GetDlgCtrlID(GetFocus());
   std::string names;
   for (const auto& [id, name] : buttons) {

@@ -10,11 +10,10 @@
 //   script.Expect("About Kelvanstead Scheme Manager", [](HWND dialog) { Click(dialog, IDOK); });
 //   Click(window, IDC_DELETE);
 //
-// Nothing is left open. A dialog that nobody expected, with or without a script, is a failure of the running
-// test and is closed. So is a dialog that a failed step leaves open, or in which nothing happens for ten
-// seconds. From then on the script closes every dialog that opens; where they keep coming all the same, the
-// process ends. A step that never came is a failure when the script ends, and so is a beep that no message
-// and no TakeBeeps asked for. Each failure tells the line of the step that it belongs to.
+// Nothing is left open. A dialog that nobody expected, that a failed step leaves open, or in which nothing
+// happens for ten seconds is a failure of the running test and is closed; so is every dialog after it, and
+// where they keep coming the process ends. A step that never came is a failure, and so is a beep that no
+// message and no TakeBeeps asked for. Each failure tells the line of the step that it belongs to.
 #pragma once
 
 #include <windows.h>
