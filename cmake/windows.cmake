@@ -54,18 +54,24 @@ set_source_files_properties(src/cli/command_line.cpp PROPERTIES COMPILE_OPTIONS 
 target_link_options(ksm PRIVATE ${STRIPPED} -municode)
 
 # These DLLs bring the window system with them, which takes longer than most commands: they are loaded when one of
-# their functions is called. 32-bit Windows decorates the functions with the size of their arguments.
+# their functions is called. 32-bit Windows decorates the functions with the size of their arguments. They are named to
+# the linker as needed, or it drops the code that loads them.
 function(load_when_called dll)
   set(functions ${ARGN})
+  set(symbols ${ARGN})
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     list(TRANSFORM functions REPLACE "@.*" "")
+    set(symbols ${functions})
+  else()
+    list(TRANSFORM symbols PREPEND "_")
   endif()
   list(JOIN functions "\n" exports)
+  list(TRANSFORM symbols PREPEND "-Wl,--undefined=")
   set(library ${CMAKE_BINARY_DIR}/delayed-${dll})
   file(WRITE ${library}.def "LIBRARY ${dll}.dll\nEXPORTS\n${exports}\n")
   execute_process(COMMAND ${CMAKE_DLLTOOL} --kill-at --input-def ${library}.def --output-delaylib ${library}.a
     COMMAND_ERROR_IS_FATAL ANY)
-  target_link_options(ksm PRIVATE -Wl,--whole-archive,${library}.a,--no-whole-archive)
+  target_link_options(ksm PRIVATE ${symbols} ${library}.a)
 endfunction()
 load_when_called(ole32 CoCreateInstance@20 CoInitialize@4 CoUninitialize@0)
 load_when_called(shlwapi SHRegGetUSValueA@32 SHRegSetUSValueW@24)
