@@ -2,6 +2,7 @@
 // Knows nothing of Windows.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -31,7 +32,7 @@ void SetField(Owner& owner, const Field<Owner>& field, std::string_view value) {
     owner.** text = value;
   } else {
     const auto number = std::get<typename Field<Owner>::Number>(field.Member);
-    owner.*number = static_cast<std::uint32_t>(NumberIn(std::string(value)));
+    owner.*number = static_cast<std::uint32_t>(NumberIn(value));
   }
 }
 
@@ -44,10 +45,8 @@ void WriteFields(RecordStore& store, std::string_view label, const Owner& owner,
 
 template <class Owner, class Fields>
 void ReadFields(RecordStore& store, std::string_view label, Owner& owner, const Fields& fields) {
-  std::vector<std::string_view> texts;
-  texts.reserve(fields.size());
-  for (const Field<Owner>& field : fields)
-    texts.push_back(field.Label);
+  std::vector<std::string_view> texts(fields.size());
+  std::ranges::transform(fields, texts.begin(), &Field<Owner>::Label);
   store.ReadRecords(label, texts);
   auto text = texts.begin();
   for (const Field<Owner>& field : fields)

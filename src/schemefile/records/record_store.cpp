@@ -27,10 +27,10 @@ std::string Terminated(std::string_view text) {
 
 }  // namespace
 
-std::int32_t NumberIn(const std::string& text) {
+std::int32_t NumberIn(std::string_view text) {
   using Limits = std::numeric_limits<std::int32_t>;
-  return static_cast<std::int32_t>(
-      std::clamp<long long>(std::strtoll(text.c_str(), nullptr, 10), Limits::min(), Limits::max()));
+  return static_cast<std::int32_t>(std::clamp<long long>(std::strtoll(std::string(text).c_str(), nullptr, 10),
+                                                         Limits::min(), Limits::max()));
 }
 
 void RecordStore::WriteStringRecord(std::string_view key1, std::string_view key2, std::string_view value) {

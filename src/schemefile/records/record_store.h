@@ -14,7 +14,7 @@
 
 // The number of a record, as atoi reads it: leading blanks, a sign, digits up to the first other character. 0
 // where there is none; a number out of range is cut to the nearest limit.
-std::int32_t NumberIn(const std::string& text);
+std::int32_t NumberIn(std::string_view text);
 
 class RecordStore {
  public:
