@@ -119,6 +119,11 @@ bool AddMissingSchemeName(const std::string& name) {
 // Schemes are written only on a machine where the shell is present.
 bool MaySave(const std::string& name) { return IsSchemeName(name) && RegistryKey::KeyExists(kProductKey); }
 
+bool SaveSection(const std::string& name, const SchemeProperties& scheme,
+                 bool (*write)(HKEY schemeKey, const SchemeProperties& scheme)) {
+  return MaySave(name) && write(CreateSchemeKey(name).Get(), scheme);
+}
+
 }  // namespace
 
 Outcome FindSchemeKey(const std::string& name) {
@@ -199,23 +204,23 @@ Outcome LoadDefaults(const std::string& name, SchemeProperties& scheme) {
 }
 
 bool SaveFolderDisplay(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteFolderDisplay(CreateSchemeKey(name).Get(), scheme);
+  return SaveSection(name, scheme, WriteFolderDisplay);
 }
 
 bool SaveWebLinks(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteWebLinks(CreateSchemeKey(name).Get(), scheme);
+  return SaveSection(name, scheme, WriteWebLinks);
 }
 
 bool SaveTabSelection(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteTabSelection(CreateSchemeKey(name).Get(), scheme);
+  return SaveSection(name, scheme, WriteTabSelection);
 }
 
 bool SaveToolBars(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteToolBars(CreateSchemeKey(name).Get(), scheme);
+  return SaveSection(name, scheme, WriteToolBars);
 }
 
 bool SaveDefaults(const std::string& name, const SchemeProperties& scheme) {
-  return MaySave(name) && WriteDefaults(CreateSchemeKey(name).Get(), scheme);
+  return SaveSection(name, scheme, WriteDefaults);
 }
 
 Outcome LoadFolderRoot(const std::string& name, int number, FolderRoot& root) {
