@@ -24,9 +24,10 @@ std::vector<ListedScheme> ListOf(const SchemeCatalogue& catalogue) {
   const std::vector<Allocation> allocations = ReadAllocations(IsNtFamily());
   for (const SchemeEntry& entry : catalogue.Schemes()) {
     ListedScheme& scheme = list.emplace_back(ListedScheme{entry, catalogue.IsProtected(entry.Name), {}});
-    std::ranges::copy_if(
-        allocations, std::back_inserter(scheme.AllocatedTo),
-        [&](const Allocation& allocation) { return IsSameName(allocation.Scheme, entry.Name); });
+    std::ranges::copy_if(allocations, std::back_inserter(scheme.AllocatedTo),
+                         [&](const Allocation& allocation) {
+                           return !allocation.Scheme.empty() && IsSameName(allocation.Scheme, entry.Name);
+                         });
   }
   return list;
 }

@@ -1,54 +1,30 @@
 #include "support/command_line.h"
 
-#include <array>
 #include <cstring>
 #include <regex>
+#include <stdexcept>
+#include <utility>
 
 #include "base/names.h"
 #include "model/scheme_storage.h"
 #include "registry/registry_access.h"
 #include "registry/registry_paths.h"
 #include "support/registry_test.h"
+#include "support/sample_schemes.h"
 
 namespace {
 
 constexpr DWORD kPatience = 60000;
 constexpr char kTessaly[] = "Software\\Tessaly";
 constexpr char kClass[] = "Software\\Classes\\CLSID\\{E656B628-C6DD-4125-931C-5FCA10F47A42}";
-constexpr char kSaved[] = "Software\\Kelvanstead Scheme Manager Tests\\Saved";
+// Stands there while what else stands there is a test's.
+constexpr char kMark[] = "Software\\Kelvanstead Scheme Manager Tests\\Machine";
 
-struct Place {
-  HKEY Root;
-  const char* Path;
-  const char* Saved;
-};
-const std::array kPlaces = {
-    Place{HKEY_LOCAL_MACHINE, kTessaly, "Machine"},
-    Place{HKEY_CURRENT_USER, kTessaly, "User"},
-    Place{HKEY_CURRENT_USER, "Software\\Policies\\Tessaly", "Policies"},
-    Place{HKEY_LOCAL_MACHINE, kClass, "Class"},
-};
-
-// Moves a key with everything below it, if there is one.
-void Move(HKEY fromRoot, const std::string& from, HKEY toRoot, const std::string& to) {
-  {
-    const UniqueKey source = OpenKey(fromRoot, from, KEY_READ);
-    if (!source) return;
-    UniqueKey target;
-    ASSERT_EQ(CreateKey(toRoot, to, KEY_ALL_ACCESS, target), ERROR_SUCCESS);
-    ASSERT_EQ(RegCopyTreeA(source.Get(), nullptr, target.Get()), ERROR_SUCCESS);
-  }
-  ASSERT_EQ(RegDeleteTreeA(fromRoot, from.c_str()), ERROR_SUCCESS);
-}
-
-void TakeAway(const Place& place) {
-  Move(place.Root, place.Path, HKEY_CURRENT_USER, std::string(kSaved) + "\\" + place.Saved);
-}
-
-void PutBack(const Place& place) {
-  RegDeleteTreeA(place.Root, place.Path);
-  Move(HKEY_CURRENT_USER, std::string(kSaved) + "\\" + place.Saved, place.Root, place.Path);
-}
+const std::pair<HKEY, const char*> kPlaces[] = {{HKEY_LOCAL_MACHINE, kTessaly},
+                                                {HKEY_LOCAL_MACHINE, kClass},
+                                                {HKEY_CURRENT_USER, kTessaly},
+                                                {HKEY_CURRENT_USER, "Software\\Policies\\Tessaly"},
+                                                {HKEY_CURRENT_USER, kMark}};
 
 UniqueFile OutputFile(const std::string& path) {
   SECURITY_ATTRIBUTES inherited{sizeof(inherited), nullptr, TRUE};
@@ -81,8 +57,8 @@ RunningCommand::RunningCommand(const std::wstring& arguments, const ScratchFolde
   startup.hStdError = problems.Get();
   std::wstring line = L"\"" + Widen(BesideTests("ksm.exe")) + L"\" " + arguments;
   PROCESS_INFORMATION started{};
-  EXPECT_TRUE(
-      CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &started))
+  EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                             Widen(folder.Path()).c_str(), &startup, &started))
       << GetLastError();
   CloseHandle(started.hThread);
   process_.Reset(started.hProcess);
@@ -101,23 +77,26 @@ bool RunningCommand::Kill() {
 }
 
 void CommandLineTest::SetUp() {
-  for (const Place& place : kPlaces) {
-    if (OpenKey(HKEY_CURRENT_USER, std::string(kSaved) + "\\" + place.Saved, KEY_READ)) PutBack(place);
-    TakeAway(place);
-  }
+  if (OpenKey(HKEY_LOCAL_MACHINE, kProductKey, KEY_READ) && !OpenKey(HKEY_CURRENT_USER, kMark, KEY_READ))
+    throw std::runtime_error("this machine has a shell of its own");
+  TearDown();
+  WriteTree(HKEY_CURRENT_USER, kMark, "");
+  ClearSchemes();
 }
 
 void CommandLineTest::TearDown() {
-  for (const Place& place : kPlaces)
-    PutBack(place);
-  RegDeleteTreeA(HKEY_CURRENT_USER, kSaved);
+  for (const auto& [root, path] : kPlaces)
+    RegDeleteTreeA(root, path);
 }
 
 CommandResult CommandLineTest::Run(const std::string& arguments) {
   return RunningCommand(Widen(arguments), folder_).Finish();
 }
 
-void CommandLineTest::InstallShell() { WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, ""); }
+void CommandLineTest::ClearSchemes() {
+  RegDeleteTreeA(HKEY_LOCAL_MACHINE, kSchemesKey);
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "");
+}
 
 void CommandLineTest::InstallEnvironment() {
   const std::string path = std::regex_replace(BesideTests("Environment.dll"), std::regex(R"(\\)"), "$&$&");
@@ -125,10 +104,9 @@ void CommandLineTest::InstallEnvironment() {
             "[InprocServer32] @=\"" + path + "\" \"ThreadingModel\"=\"Apartment\"");
 }
 
-void CommandLineTest::Add(const SchemeProperties& scheme) {
-  const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
-  ASSERT_EQ(WriteText(schemes.Get(), scheme.Name, scheme.Description), ERROR_SUCCESS);
-  ASSERT_TRUE(SaveSchemeProperties(scheme.Name, scheme));
+void CommandLineTest::Add(const std::string& name) {
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, "\"" + name + "\"=\"For " + name + "\"");
+  ASSERT_TRUE(SaveSchemeProperties(name, Scheme(name)));
 }
 
 std::string CommandLineTest::Machine() { return DumpTree(HKEY_LOCAL_MACHINE, kTessaly); }

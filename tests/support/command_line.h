@@ -1,7 +1,6 @@
 // Tests of ksm as a script's author sees it: the built program as a process, on this machine's registry.
 //
-// The fixture takes away what the machine has of the product and of the environment component, and puts it
-// back afterwards, also what a run that crashed has taken away.
+// The fixture's machine has the shell with nothing in it; a machine with a shell of its own is refused.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +9,6 @@
 #include <string>
 
 #include "base/unique_handle.h"
-#include "model/scheme_properties.h"
 #include "support/scratch_folder.h"
 
 struct CommandResult {
@@ -22,7 +20,7 @@ struct CommandResult {
 // A command under way.
 class RunningCommand {
  public:
-  // `arguments` as they stand behind the program's name. Output goes to files in `folder`.
+  // `arguments` as they stand behind the program's name. It runs in `folder`, where its output goes to files.
   RunningCommand(const std::wstring& arguments, const ScratchFolder& folder);
 
   // Waits for its end.
@@ -42,15 +40,14 @@ class CommandLineTest : public testing::Test {
 
   CommandResult Run(const std::string& arguments);
 
-  // The shell, with nothing in it.
-  static void InstallShell();
+  static void ClearSchemes();
   // The environment component that lies beside the tests. It tells the code that Tallowby's key states.
   static void InstallEnvironment();
-  // The scheme in the registry, with its description.
-  static void Add(const SchemeProperties& scheme);
+  // The sample scheme under that name, described as "For" it.
+  static void Add(const std::string& name);
   // Everything of the product that the machine has.
   static std::string Machine();
 
   const ScratchFolder folder_;
-  const std::string file_ = folder_.File("schemes.ksf");
+  const std::string file_ = folder_.File("schemes.ksf");  // which commands call by its name alone
 };
