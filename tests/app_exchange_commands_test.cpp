@@ -105,7 +105,8 @@ TEST_F(ExchangeCommandsTest, SaveToDiskAndLoadFromDisk) {
   EXPECT_EQ(Schemes(), schemes);
   EXPECT_EQ(std::filesystem::current_path(), workingFolder);
   // Nine tenths of the work are done behind a progress window of their own.
-  for (const char* window : {"SetDlgItemTextA Saving your file to disk", "SetDlgItemTextA Loading your file from disk"})
+  for (const char* window :
+       {"SetDlgItemTextA Saving your file to disk", "SetDlgItemTextA Loading your file from disk"})
     EXPECT_EQ(std::ranges::count(calls.Lines(), window), 2) << window;
 }
 

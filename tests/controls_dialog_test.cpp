@@ -94,6 +94,25 @@ TEST(PropertySheets, ItsPagesConfirmAndCancelItAndFailWithIt) {
   EXPECT_EQ(ShowSheet(failing), IDOK);
 }
 
+bool g_hasNewColours = false;
+
+LRESULT CALLBACK NoteColours(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  g_hasNewColours |= message == WM_SYSCOLORCHANGE;
+  return DefSubclassProc(control, message, wParam, lParam);
+}
+
+TEST(PropertySheets, HandsNewColoursOnToTheControlsOfItsPages) {
+  TestPage page;
+  DialogScript script;
+  script.Expect(kTitle, [](HWND sheet) {
+    SetWindowSubclass(GetWindow(PropSheet_GetCurrentPageHwnd(sheet), GW_CHILD), &NoteColours, 1, 0);
+    SendMessageA(sheet, WM_SYSCOLORCHANGE, 0, 0);
+    Click(sheet, IDOK);
+  });
+  ShowSheet(page);
+  EXPECT_TRUE(g_hasNewColours);
+}
+
 TEST(Message, ShowsAnyTextInTheCodePageUpToItsLimit) {
   DialogScript script;
   for (const auto& [text, shown] :

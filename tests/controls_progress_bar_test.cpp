@@ -50,6 +50,23 @@ TEST_F(ProgressBar, IsModalToTheMainWindowAndLetsItPaintOnly) {
   }
 }
 
+// A command shows several such windows in turn, and its guard holds the window back between them, too.
+TEST_F(ProgressBar, StandsMoreThanOnceInsideAGuardOfTheWholeCommand) {
+  {
+    const CommandGuard guard(main_);
+    for (int i = 0; i < 2; ++i) {
+      { CProgressBar progress(main_, 0, 1, 1, "Saving", kCaption, "Cancel", 0); }
+      EXPECT_FALSE(IsWindowEnabled(main_));
+    }
+    keybd_event(VK_SPACE, 0, 0, 0);
+    keybd_event(VK_SPACE, 0, KEYEVENTF_KEYUP, 0);
+  }
+  EXPECT_TRUE(IsWindowEnabled(main_));
+  EXPECT_EQ(GetFocus(), main_);
+  Pump();
+  EXPECT_EQ(SendMessageA(main_, BM_GETCHECK, 0, 0), BST_UNCHECKED) << "a key of the time before got through";
+}
+
 // A themed bar as the user sees it while no timer runs: a fall shows at once, a rise later.
 LONG_PTR g_shown;
 LRESULT CALLBACK ThemedBar(HWND bar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {

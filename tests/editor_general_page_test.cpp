@@ -138,10 +138,11 @@ TEST(GeneralPage, LeavesAloneWhatIsNotChanged) {
 }
 
 TEST(GeneralPage, ShowsNeitherDefaultUsersNameNorABlankDescription) {
-  const std::array<std::string, 4> rows[] = {{"Default User", "For everybody", "", ""},
-                                             {"default user", "For everybody", "default user", "For everybody"},
-                                             {"Staff", " ", "Staff", ""},
-                                             {"Staff", "  ", "Staff", "  "}};
+  const std::array<std::string, 4> rows[] = {
+      {"Default User", "For everybody", "", ""},
+      {"default user", "For everybody", "default user", "For everybody"},
+      {"Staff", " ", "Staff", ""},
+      {"Staff", "  ", "Staff", "  "}};
   for (const auto& [name, description, shownName, shownDescription] : rows) {
     SchemeProperties scheme;
     scheme.Name = name;

@@ -51,15 +51,26 @@ std::vector<std::string> NamesOf(const SchemeCatalogue& catalogue) {
   return names;
 }
 
-// Whether the scheme may be changed; tells the user when it may not. `change` completes "cannot be".
-bool MayChange(HWND owner, const SchemeCatalogue& catalogue, const std::string& name, const char* change) {
+// What follows the name of a scheme that stays as it is.
+struct Refusal {
+  const char* BuiltIn;
+  const char* Ambiguous;
+};
+constexpr Refusal kNotEdited{" is a built in scheme and cannot be edited",
+                             " cannot be told apart from another scheme and cannot be edited"};
+constexpr Refusal kNotRemoved{" is a built in scheme and cannot be removed",
+                              " cannot be told apart from another scheme and cannot be removed"};
+
+// Whether the scheme may be changed; tells the user when it may not.
+bool MayChange(HWND owner, const SchemeCatalogue& catalogue, const std::string& name,
+               const Refusal& refusal) {
   const char* reason = nullptr;
   if (catalogue.IsProtected(name)) {
-    reason = " is a built in scheme";
+    reason = refusal.BuiltIn;
   } else if (catalogue.IsAmbiguous(name)) {
-    reason = " cannot be told apart from another scheme";
+    reason = refusal.Ambiguous;
   }
-  if (reason) ShowWarning(owner, name + reason + " and cannot be " + change, "Error");
+  if (reason) ShowWarning(owner, name + reason, "Error");
   return !reason;
 }
 
@@ -69,7 +80,7 @@ std::optional<std::string> EditScheme(HWND owner, SchemeCatalogue& catalogue, st
                                       const PictureFolders& folders) {
   const SchemeEntry entry = catalogue.Schemes()[index];
   SchemeProperties edited;
-  if (!MayChange(owner, catalogue, entry.Name, "edited") || !OpenScheme(owner, catalogue, entry, edited))
+  if (!MayChange(owner, catalogue, entry.Name, kNotEdited) || !OpenScheme(owner, catalogue, entry, edited))
     return std::nullopt;
   CMyPropertySheet sheet("Existing Scheme Properties", edited, folders);
   if (!sheet.Run(owner)) return std::nullopt;
@@ -105,7 +116,7 @@ bool DeleteScheme(HWND owner, SchemeCatalogue& catalogue, const std::string& nam
     return false;
   }
   catalogue.LoadProtectedSchemes();
-  if (!MayChange(owner, catalogue, name, "removed")) return false;
+  if (!MayChange(owner, catalogue, name, kNotRemoved)) return false;
   if (ShowWarning(owner, "Are you sure you want to delete this scheme ?", "Scheme Deletion", MB_OKCANCEL) !=
       IDOK) {
     return false;
