@@ -41,9 +41,9 @@ struct LoadPlan {
 };
 
 // Compares the schemes of `file`, which have their descriptions and were found to be as `check` says, with
-// those of the machine; `catalogue` knows which are built in. Chosen is what would change something, is not
-// built in and not damaged; of a file with more damage than the check tells, nothing. The copy lies beside
-// the file, named with the time `now`.
+// those of the machine; `catalogue` knows which are built in. A scheme is chosen if it would change
+// something, is not built in and not damaged; none is in a file with more damage than the check lists. The
+// copy lies beside the file, named with the time `now`.
 LoadPlan MakeLoadPlan(const std::string& path, const SchemeHive& file, const CheckResult& check,
                       const SchemeHive& machine, const SchemeCatalogue& catalogue, const SYSTEMTIME& now);
 

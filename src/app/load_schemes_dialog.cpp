@@ -17,11 +17,11 @@ constexpr int kSettingWidth = 190, kValueWidth = 150;  // of their settings
 
 // What a list shows of a text: not all of a very long one, and nothing that breaks the line.
 std::string OnOneLine(const std::string& text) {
-  constexpr std::size_t kMost = 250;
-  std::string shown = text.substr(0, kMost);
+  constexpr std::size_t kMaxLength = 250;
+  std::string shown = text.substr(0, kMaxLength);
   std::ranges::replace_if(
       shown, [](unsigned char c) { return std::iscntrl(c) != 0; }, ' ');
-  return text.size() > kMost ? shown + "..." : shown;
+  return text.size() > kMaxLength ? shown + "..." : shown;
 }
 
 std::string SettingCell(const Difference& difference, int column) {

@@ -13,9 +13,9 @@ bool IsConsole(HANDLE handle) {
 }
 
 bool WriteToConsole(HANDLE console, const std::wstring& text) {
-  constexpr std::size_t kMost = 8192;  // what a console takes at once
-  for (std::size_t start = 0; start < text.size(); start += kMost) {
-    const auto size = static_cast<DWORD>(std::min(kMost, text.size() - start));
+  constexpr std::size_t kMaxWritten = 8192;  // what a console takes at once
+  for (std::size_t start = 0; start < text.size(); start += kMaxWritten) {
+    const auto size = static_cast<DWORD>(std::min(kMaxWritten, text.size() - start));
     DWORD written = 0;
     if (!WriteConsoleW(console, text.data() + start, size, &written, nullptr)) return false;
   }

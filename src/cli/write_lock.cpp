@@ -23,9 +23,9 @@ UniqueFile OpenMutexForAll() {
 }  // namespace
 
 WriteLock::WriteLock(unsigned seconds) : mutex_(OpenMutexForAll()) {
-  constexpr unsigned kMostSeconds = 1'000'000;
+  constexpr unsigned kMaxSeconds = 1'000'000;
   const DWORD result =
-      mutex_ ? WaitForSingleObject(mutex_.Get(), std::min(seconds, kMostSeconds) * 1000) : WAIT_FAILED;
+      mutex_ ? WaitForSingleObject(mutex_.Get(), std::min(seconds, kMaxSeconds) * 1000) : WAIT_FAILED;
   isHeld_ = result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;
 }
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kLeastColumnWidth = 40;
+constexpr int kMinColumnWidth = 40;
 constexpr std::size_t kFirstCellBuffer = 512;
 constexpr std::size_t kMaxCellText = 64 * 1024;
 
@@ -46,7 +46,7 @@ void StretchListColumn(HWND list, int column) {
   for (int i = 0; i < columns; ++i) {
     if (i != column) width -= ListView_GetColumnWidth(list, i);
   }
-  ListView_SetColumnWidth(list, column, std::max(width, kLeastColumnWidth));
+  ListView_SetColumnWidth(list, column, std::max(width, kMinColumnWidth));
 }
 
 std::string ListCellText(HWND list, int row, int column) {

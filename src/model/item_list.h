@@ -42,8 +42,8 @@ std::string ItemName(const ItemListLayout<Owner, Item>& layout, std::int32_t num
 }
 
 // Replaces the list by as many items as are stated, and lets `read` (name, part, item) fill each part of
-// each. Of a damaged count's list it keeps no empty items at the end. Returns whether the list then holds
-// exactly as many items as stated, whatever of each could be read.
+// each. Where the stated number is damaged, empty items at the end are dropped. Returns whether the list then
+// holds exactly as many items as stated, whatever of each could be read.
 template <class Owner, class Item, class Read>
 bool FillItems(const ItemListLayout<Owner, Item>& layout, std::int32_t stated, Owner& owner,
                const Read& read) {

@@ -38,8 +38,8 @@ std::string Folded(std::string_view name) {
 }
 
 std::string Shortened(std::string_view text) {
-  constexpr std::size_t kMost = 100;
-  return text.size() <= kMost ? std::string(text) : std::string(text.substr(0, kMost)) + "...";
+  constexpr std::size_t kMaxLength = 100;
+  return text.size() <= kMaxLength ? std::string(text) : std::string(text.substr(0, kMaxLength)) + "...";
 }
 
 class FileCheck {
@@ -116,11 +116,11 @@ class FileCheck {
   }
 
   // A count that may stand as it is, else 0.
-  std::int32_t CheckCount(std::size_t position, std::int32_t most) {
+  std::int32_t CheckCount(std::size_t position, std::int32_t max) {
     const std::optional<std::int32_t> count = CheckNumber(position);
-    if (!count || (*count >= 0 && *count <= most)) return count.value_or(0);
+    if (!count || (*count >= 0 && *count <= max)) return count.value_or(0);
     AddAt(position, FindingKind::kCount,
-          *count < 0 ? "is less than 0" : "is more than the " + std::to_string(most) + " that can be");
+          *count < 0 ? "is less than 0" : "is more than the " + std::to_string(max) + " that can be");
     return 0;
   }
 

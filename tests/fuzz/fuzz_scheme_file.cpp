@@ -37,13 +37,13 @@ void LookUp(const RecordList& records) {
 }
 
 void Import(RecordList records) {
-  constexpr std::int32_t kMostSchemes = 4;
+  constexpr std::int32_t kMaxSchemes = 4;
   RecordStore store;
   store.Fill(std::move(records));
   const std::int32_t count = ReadSchemeCount(store);
   Require(count >= 0 && static_cast<std::size_t>(count) <= store.Count());
   store.ResetReadCursor();
-  const std::vector<SchemeProperties> schemes = ReadSchemes(store, std::min(count, kMostSchemes), [] {});
+  const std::vector<SchemeProperties> schemes = ReadSchemes(store, std::min(count, kMaxSchemes), [] {});
 
   RecordStore exported;
   for (const SchemeProperties& scheme : schemes) {

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kWithNul("1\0", 2);
 
 // A wrong order of the two look-ups, a first match instead of the last, keys compared in part, and a cursor
-// that follows the record found all show in the answers of such a walk.
+// that follows the record found all show in what such a walk returns.
 TEST(RecordStoreTest, LooksAtTheCursorFirstThenForTheLastMatch) {
   RecordStore store;
   EXPECT_EQ(store.ReadStringRecord("a", "1"), "");

@@ -14,7 +14,7 @@ namespace {
 
 constexpr UINT kTickInterval = USER_TIMER_MINIMUM;
 constexpr ULONGLONG kPatience = 10'000;
-constexpr int kMostClosed = 50;
+constexpr int kMaxClosed = 50;
 constexpr int kMessageTextId = 0xFFFF, kMessageIconIds[] = {1088, 20};  // Wine's, Windows'
 
 bool IsDialog(HWND window) {
@@ -161,7 +161,7 @@ DialogWatch::State DialogWatch::Present(HWND dialog) {
 void DialogWatch::Close(OpenDialog& open) {
   switch (open.TicksToClose++) {
     case 0:
-      if (++closed_ > kMostClosed) {
+      if (++closed_ > kMaxClosed) {
         std::printf("%s: dialogs keep coming, so the tests end here: %s\n[  FAILED  ] %s\n",
                     TestName().c_str(), Quoted(open.Window).c_str(), TestName().c_str());
         std::fflush(stdout);
