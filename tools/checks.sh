@@ -24,7 +24,7 @@ check() {
 check_counted() {
   local name=$1 last
   wanted "$name" || return
-  last=$("${@:2}" | tee /dev/stderr | tail -n 1)
+  last=$("${@:2}" | tee >(cat >&2) | tail -n 1)
   if [[ $last =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]]; then
     count "${BASH_REMATCH[1]}" "${BASH_REMATCH[2]}" "$name"
   else
