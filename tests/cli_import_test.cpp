@@ -156,7 +156,7 @@ TEST_F(CliImportTest, NamesWhatTheRegistryRefuses) {
     const CommandResult run = Import("--no-verify");
     EXPECT_EQ(run.Code, 6u);
     EXPECT_EQ(run.Results, "Imported 1 of 2 schemes\n");
-    EXPECT_EQ(run.Problems, "Infants: The registry refused to write all of this scheme\n");
+    EXPECT_EQ(run.Problems, "Infants: Not all of this scheme could be written\n");
   }
   {
     const GuardedKey section(SchemeKeyPath("Infants") + "\\Defaults", L"SD");

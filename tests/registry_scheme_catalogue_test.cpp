@@ -189,21 +189,28 @@ TEST_F(SchemeCatalogueTest, TreeDeletionKeepsItsLimitOnTheFirstName) {
 }
 
 TEST_F(SchemeCatalogueTest, ConfigHiveSavesTheTextsBesideTheSchemesKeys) {
-  ConfigHive hive{
-      {{"Infants", "For \"us\""}, {"", "blank"}, {"a\\b", "no name"}, {"Juniors", ""}, {"Omega", "?"}}};
+  ConfigHive hive{{{"Infants", "For \"us\""},
+                   {"", "blank"},
+                   {"a\\b", "no name"},
+                   {"Juniors", ""},
+                   {"Omega", "?"},
+                   {"Twice", "first"},
+                   {"twice", "last"}}};
   std::string caution;
   const auto tell = [&caution](const std::string& keyPath) { caution += keyPath; };
   EXPECT_FALSE(hive.SaveToRegistry(tell).Complete);
   EXPECT_EQ(caution, "Software\\Tessaly\\Kelvanstead\\Schemes");
   ExpectTree(HKEY_LOCAL_MACHINE, "", "[]");
 
-  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Gone"="stays" "Infants"="FOR \"us\"" "Juniors"=dword:1)");
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey,
+            R"("Gone"="stays" "Infants"="FOR \"us\"" "Juniors"=dword:1 "Twice"="last")");
   const UniqueKey schemes = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_ALL_ACCESS);
   const wchar_t outside[] = L"\u4e00";  // reads as a question mark, and stays what it is
   RegSetValueExW(schemes.Get(), L"Omega", 0, REG_SZ, reinterpret_cast<const BYTE*>(outside), sizeof(outside));
   EXPECT_FALSE(hive.SaveToRegistry(tell).Complete) << "two of the names cannot be those of schemes";
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kSchemesKey),
-            "[]\n[] Gone=1 stays<0>\n[] Infants=1 For \"us\"<0>\n[] Juniors=1 <0>\n[] Omega=1 <19968><0>\n");
+            "[]\n[] Gone=1 stays<0>\n[] Infants=1 For \"us\"<0>\n[] Juniors=1 <0>\n[] Omega=1 <19968><0>\n[] "
+            "Twice=1 last<0>\n");
 }
 
 }  // namespace

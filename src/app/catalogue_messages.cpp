@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "controls/command_guard.h"
 #include "controls/message.h"
 
 namespace {
@@ -29,6 +30,8 @@ std::string JoinNames(const std::vector<std::string>& names) {
 }
 
 void EndWithoutSchemes() {
+  // It may come in the middle of a command.
+  DropInput();
   ShowWarning(nullptr,
               "There has been a problem reading Kelvanstead Settings.\n"
               "This is due to Kelvanstead not being installed or the settings have become damaged.\n"

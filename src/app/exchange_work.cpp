@@ -137,10 +137,7 @@ CatalogueResult ReadMachineOrEnd(HWND owner, SchemeHive& hive, const char* text)
     ProgressWindow progress(owner, text);
     result = ReadMachine(hive, progress.Callback());
   }
-  if (result == CatalogueResult::kNoSchemesKey) {
-    DropInput();
-    EndWithoutSchemes();
-  }
+  if (result == CatalogueResult::kNoSchemesKey) EndWithoutSchemes();
   return result;
 }
 

@@ -89,7 +89,11 @@ bool Choose(HWND owner, LoadPlan& plan) {
 Ending Load(HWND owner, OpenedFile& file, const std::function<void()>& reload, ImportProblems& problems) {
   const CommandGuard guard(owner);
   const WaitCursor waitCursor;
-  KeepChosen(file.Plan, file.Hive);
+  try {
+    KeepChosen(file.Plan, file.Hive);
+  } catch (const std::exception&) {  // more than memory holds
+    return Ending::kImportProblem;
+  }
   return WriteAndReload(owner, file.Hive, reload, problems);
 }
 

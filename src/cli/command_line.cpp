@@ -101,10 +101,11 @@ class CommandLine {
   void TellUsage(const std::vector<std::string>& arguments, const CLI::ParseError& error, Output& output) {
     const std::vector<CLI::App*> commands = app_.get_subcommands();
     if (!commands.empty()) return output.Problem("ksm " + commands[0]->get_name(), error.what());
+    constexpr char kList[] = "; \"ksm --help\" lists them";
     const bool isNamed = !arguments.empty() && arguments[0].rfind('-', 0) != 0;
-    output.Problem(isNamed ? arguments[0] : "ksm",
-                   std::string(isNamed ? "There is no such command" : "A command is required") +
-                       "; \"ksm --help\" lists them");
+    if (isNamed) return output.Problem(arguments[0], std::string("There is no such command") + kList);
+    const bool isMissing = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
+    output.Problem("ksm", isMissing ? std::string("A command is required") + kList : error.what());
   }
 
   // A script's variable that is not set must not pass for an option that was not given.

@@ -11,23 +11,22 @@
 
 namespace {
 
-// From the root on, as Windows reads the path (GetFullPathNameA). "" for one that is too long.
-std::string FullPath(const std::string& path) {
-  char full[1024];
-  const DWORD length = GetFullPathNameA(path.c_str(), sizeof(full), full, nullptr);
-  return length < sizeof(full) ? std::string(full, length) : std::string();
-}
-
-// The folder that the file lies in. "" where the path names no file.
-std::string FolderOf(const std::string& path) {
-  const std::string full = FullPath(path);
-  return full.ends_with('\\') ? "" : full.substr(0, full.rfind('\\') + 1);
-}
+// A path from the root on, as Windows reads it (GetFullPathNameA).
+struct FullPath {
+  explicit FullPath(const std::string& path)
+      : Text(GetFullPathNameA(path.c_str(), 0, nullptr, nullptr), '\0') {
+    char* name = nullptr;
+    Text.resize(GetFullPathNameA(path.c_str(), static_cast<DWORD>(Text.size()), Text.data(), &name));
+    if (name) Folder = Text.substr(0, static_cast<std::size_t>(name - Text.data()));
+  }
+  std::string Text;
+  std::string Folder;  // with the backslash; "" where the path names no file
+};
 
 }  // namespace
 
-bool IsSameFile(const std::string& left, const std::string& right) {
-  return IsSameName(FullPath(left), FullPath(right));
+bool IsSamePath(const std::string& left, const std::string& right) {
+  return IsSameName(FullPath(left).Text, FullPath(right).Text);
 }
 
 std::string Counted(std::size_t count, const std::string& what) {
@@ -48,7 +47,7 @@ SaveResult SaveSchemes(const SchemeCatalogue& catalogue, const std::vector<std::
   hive.Schemes = std::move(read.Schemes);
   SchemeFile file;
   file.Save(hive, {});
-  if (!file.Write(FolderOf(path), path)) {
+  if (!file.Write(FullPath(path).Folder, path)) {
     output.Problem(path, "This file cannot be written");
     return {ExitCode::kFile};
   }

@@ -7,8 +7,9 @@
 #include "cli/options.h"
 #include "registry/catalogue/scheme_catalogue.h"
 
-// Whether both paths name the same file, whatever stands there.
-bool IsSameFile(const std::string& left, const std::string& right);
+// Whether both are the same path from the root on, whatever stands there. Other names of a file, by links or
+// in short, are not seen through.
+bool IsSamePath(const std::string& left, const std::string& right);
 
 // "1 scheme", "2 schemes".
 std::string Counted(std::size_t count, const std::string& what);

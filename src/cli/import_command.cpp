@@ -47,9 +47,9 @@ ExitCode Write(const SchemeHive& hive, const Options& options, Output& output) {
     problems = ApplyImport(hive, {}, line.Callback());
   }
   if (problems.NoAccess) output.Problem("ksm", "The registry refused to change the schemes");
-  if (problems.ConfigList) output.Problem("ksm", "The registry refused to write all of the descriptions");
+  if (problems.ConfigList) output.Problem("ksm", "Not all of the descriptions could be written");
   for (const std::string& name : problems.Schemes)
-    output.Problem(name, "The registry refused to write all of this scheme");
+    output.Problem(name, "Not all of this scheme could be written");
   if (!options.Quiet) {
     const std::size_t count = hive.Schemes.size(),
                       failed = problems.NoAccess ? count : problems.Schemes.size();
@@ -86,7 +86,7 @@ ExitCode Verify(const SchemeHive& hive, const Options& options, Output& output) 
 
 ExitCode ImportFile(const Options& options, Output& output) {
   if (const ExitCode code = Admit(output); code != ExitCode::kDone) return code;
-  if (IsSameFile(options.File, options.Backup)) {
+  if (!options.Backup.empty() && IsSamePath(options.File, options.Backup)) {
     output.Problem(options.Backup, "The backup would replace the file that is to be imported");
     return ExitCode::kUsage;
   }

@@ -18,10 +18,14 @@ namespace {
 class StoredPairs {
  public:
   explicit StoredPairs(HKEY schemes) {
-    (void)ForEachShortValue(schemes, [this](const ListedValue& value) {
+    const LSTATUS end = ForEachShortValue(schemes, [this](const ListedValue& value) {
       if (!pairs_.try_emplace(value.Name, value.Type, value.Data).second) ambiguous_.insert(value.Name);
     });
+    isWhole_ = end == ERROR_NO_MORE_ITEMS;
   }
+
+  // Whether every value could be read.
+  bool IsWhole() const { return isWhole_; }
 
   // Whether the value is a REG_SZ that reads as the pair's text. Stored characters outside the code page read
   // as others, and stay.
@@ -29,11 +33,16 @@ class StoredPairs {
     const auto found = pairs_.find(pair.Name);
     return found != pairs_.end() && found->second == std::pair(DWORD{REG_SZ}, pair.Description + '\0');
   }
+  // Takes note of a pair that is written.
+  void Replace(const SchemeEntry& pair) {
+    pairs_.insert_or_assign(pair.Name, std::pair(DWORD{REG_SZ}, pair.Description + '\0'));
+  }
   const std::set<std::string, NameLess>& Ambiguous() const { return ambiguous_; }
 
  private:
   std::map<std::string, std::pair<DWORD, std::string>, NameLess> pairs_;
   std::set<std::string, NameLess> ambiguous_;
+  bool isWhole_ = false;
 };
 
 }  // namespace
@@ -77,13 +86,15 @@ ConfigHiveSaving ConfigHive::SaveToRegistry(const SettingsCaution& caution) cons
   }
   const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kSchemesKey, KEY_READ | KEY_WRITE);
   if (!key) return {};
-  const StoredPairs stored(key.Get());
+  StoredPairs stored(key.Get());
+  if (!stored.IsWhole()) return {};
   ConfigHiveSaving saving{true, stored.Ambiguous()};
   for (const SchemeEntry& entry : Entries) {
     if (!IsSchemeName(entry.Name) || saving.Ambiguous.contains(entry.Name)) {
       saving.Complete = false;
     } else if (!stored.Contains(entry)) {
       saving.Complete &= WriteText(key.Get(), entry.Name, entry.Description) == ERROR_SUCCESS;
+      stored.Replace(entry);
     }
   }
   return saving;

@@ -48,9 +48,10 @@ class ConfigHive {
   SchemeWalk LoadFromRegistry(SchemesAccess access, std::size_t maxEntries = SIZE_MAX);
 
   // Writes every pair as a value of the Schemes key; one that is a REG_SZ of that text already is left as it
-  // is, so that characters outside the code page survive. Where the key does not exist, tells `caution` and
-  // writes nothing. Passed over, and not complete then, are names that cannot be those of schemes and names
-  // that more than one value reads as.
+  // is, so that characters outside the code page survive. Of two pairs of one name the last remains. Where
+  // the key does not exist, tells `caution`; then, and where what it holds cannot be read, writes nothing.
+  // Passed over, and not complete then, are names that cannot be those of schemes and names that more than
+  // one value reads as.
   [[nodiscard]] ConfigHiveSaving SaveToRegistry(const SettingsCaution& caution) const;
 
   // Appends two records a pair to the record store.

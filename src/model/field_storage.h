@@ -1,4 +1,5 @@
-// Rows of a layout table (model/field.h) as values of a registry key below HKEY_LOCAL_MACHINE.
+// Rows of a layout table (model/field.h) as values of a registry key, whose path counts from `root`:
+// HKEY_LOCAL_MACHINE, or the open key of a scheme.
 #pragma once
 
 #include <windows.h>

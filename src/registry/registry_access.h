@@ -1,7 +1,8 @@
 // Direct registry calls in the shapes that the program needs beside RegistryKey: one text, and a walk.
 //
-// Reading uses buffers of 260 bytes and takes a value's data whatever its type; a text of more than 259
-// characters is not read. Calls return the system's error codes where it matters why they failed.
+// Reading uses buffers of 260 bytes and takes a value's data whatever its type. A single text of more than
+// 259 characters is not read; a walk hands out up to 260 bytes. Calls return the system's error codes where
+// it matters why they failed.
 #pragma once
 
 #include <windows.h>
@@ -39,7 +40,7 @@ std::string ReadText(HKEY root, const std::string& path, const std::string& name
 struct ListedValue {
   std::string Name;
   DWORD Type = REG_NONE;
-  std::string Data;  // as it is stored, at most 260 bytes
+  std::string Data;  // at most 260 bytes; texts in the code page, with the NULs that are stored
 
   // The data up to its first NUL, whatever its type.
   std::string Text() const { return Data.substr(0, Data.find('\0')); }

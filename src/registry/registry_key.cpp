@@ -155,7 +155,8 @@ bool RegistryKey::Expand(const char* text, const char** expanded) {
   const DWORD size = ExpandEnvironmentStringsA(text, nullptr, 0);
   if (size == 0) return false;
   expanded_ = Allocate(size);
-  if (!expanded_ || ExpandEnvironmentStringsA(text, expanded_.get(), size) == 0) return false;
+  if (!expanded_) return Succeeded(ERROR_NOT_ENOUGH_MEMORY);
+  if (ExpandEnvironmentStringsA(text, expanded_.get(), size) == 0) return false;
   *expanded = expanded_.get();
   return true;
 }
@@ -168,7 +169,7 @@ bool RegistryKey::ShortPath(const char* text, const char** shortPath) {
   const std::size_t length = std::strlen(text);
   if (length == 0) return false;
   shortPath_ = Allocate(length + 5);
-  if (!shortPath_) return false;
+  if (!shortPath_) return Succeeded(ERROR_NOT_ENOUGH_MEMORY);
   std::memset(shortPath_.get(), 0, length + 5);
   // The call is told of a smaller buffer than there is, and a result that did not fit counts all the same.
   if (GetShortPathNameA(text, shortPath_.get(), static_cast<DWORD>(length)) == 0) return false;
@@ -196,7 +197,8 @@ bool RegistryKey::First(Walk& walk, const char** name) {
   *name = nullptr;
   if (!walk.Name) walk.Name = Allocate(kNameSize + 1);
   walk.Index = 0;
-  if (!walk.Name || !OpenFor({&walk == &subkeys_, &walk == &values_}) ||
+  if (!walk.Name) return Succeeded(ERROR_NOT_ENOUGH_MEMORY);
+  if (!OpenFor({&walk == &subkeys_, &walk == &values_}) ||
       !Succeeded(walk.Read(key_.Get(), walk.Index, walk.Name.get())))
     return false;
   *name = walk.Name.get();

@@ -18,7 +18,7 @@ inline constexpr char kClassSchemes[] = "Class Schemes";
 inline constexpr char kUserSchemes[] = "User Schemes";
 inline constexpr char kUserGroupSchemes[] = "User Group Schemes";
 
-// The longest text that a walk over values gets past, in characters.
+// The longest text of a value, in characters; a longer one ends the walk over the schemes.
 inline constexpr std::size_t kMaxTextLength = 259;
 
 // The path of the last part below the others, with a backslash between each two.
