@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr DWORD kShowInterval = 100;  // milliseconds
+constexpr DWORD kShowInterval = 250;  // milliseconds
 
 INT_PTR CALLBACK Procedure(HWND, UINT message, WPARAM, LPARAM) { return message == WM_INITDIALOG; }
 

@@ -28,7 +28,7 @@ class CProgressBar {
   // Enables or disables the button; it is disabled at first. Nothing asks whether it was clicked: every
   // operation of this program runs to its end.
   void SetAllowCancel(int allow);
-  // Advances the bar, at most to its end. Costs a repaint ten times a second at most, and one at the end:
+  // Advances the bar, at most to its end. Costs a repaint four times a second at most, and one at the end:
   // painting after every step would take longer than the work.
   void Step();
 
