@@ -4,6 +4,14 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
+# wine PROGRAM [ARGUMENT ...]: as the command does, for five minutes at most: what a script asks of Wine takes seconds, and
+# what hangs is to fail.
+wine() { timeout --foreground 5m wine "$@"; }
+
+# settle: until every program has ended and the registry is on the disk. Wine's own services end with the last program;
+# one that does not is ended.
+settle() { timeout 30s wineserver -w || wineserver -k || true; }
+
 # use_prefix NAME: lets Wine work in a prefix of the project's own.
 use_prefix() {
   export WINEPREFIX=$root/build/wine/$1 WINEARCH=${WINEARCH-win64} WINEDEBUG=${WINEDEBUG--all} WINEDLLOVERRIDES='mscoree,mshtml='
@@ -26,10 +34,10 @@ start_virtual_display() {
 # prepare_prefix: makes the prefix on first use.
 prepare_prefix() {
   [[ -e $WINEPREFIX/.prepared ]] && return
-  wineboot --init >/dev/null 2>&1
+  wine wineboot --init >/dev/null 2>&1
   # A crash ends the program instead of waiting in a window for somebody.
   wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null
-  wineserver -w
+  settle
   # The fonts of the windows, at the sizes that they are laid out for.
   dpkg -L fonts-wine | grep -E '\.(ttf|fon)$' | xargs cp -t "$WINEPREFIX/drive_c/windows/Fonts"
   touch "$WINEPREFIX/.prepared"
@@ -45,7 +53,7 @@ open_desktop() {
     wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v "${desktop%,*}" /d "${desktop#*,}" /f >/dev/null
     touch "$WINEPREFIX/.desktop"
   fi
-  wine explorer "/desktop=$desktop" >/dev/null 2>&1 &
+  command wine explorer "/desktop=$desktop" >/dev/null 2>&1 &
 }
 
 # desktop_run LIMIT PROGRAM [ARGUMENT ...]: one program, in a desktop of its own, until the limit of timeout(1) at most.
