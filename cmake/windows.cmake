@@ -84,19 +84,21 @@ add_subdirectory(${GOOGLETEST_SOURCE_DIR} googletest EXCLUDE_FROM_ALL)
 target_compile_options(gtest PRIVATE -w)
 
 file(GLOB_RECURSE TEST_SOURCES CONFIGURE_DEPENDS tests/*.cpp)
-list(FILTER TEST_SOURCES EXCLUDE REGEX "/tests/fuzz/")
+list(FILTER TEST_SOURCES EXCLUDE REGEX "/tests/(fuzz|command-line)/")
 add_executable(tests ${TEST_SOURCES} $<TARGET_OBJECTS:resources>)
 target_include_directories(tests PRIVATE tests)
 target_link_libraries(tests PRIVATE windows oleacc gtest_main)
-# They run the command line program as a process, and for it the environment component.
+# They share one registry and one display.
+add_suites(tests COMMAND ${CMAKE_SOURCE_DIR}/tools/wine-run ${CMAKE_BINARY_DIR}/tests.exe
+  PROPERTIES RESOURCE_LOCK wine)
+
+# For the transcripts of the command line.
+add_executable(guard tests/command-line/guard.cpp)
+target_link_options(guard PRIVATE ${STRIPPED})
 add_library(environment MODULE samples/environment/environment.cpp)
 set_target_properties(environment PROPERTIES PREFIX "" OUTPUT_NAME Environment)
 target_link_libraries(environment PRIVATE advapi32)
 target_link_options(environment PRIVATE -Wl,--kill-at)
-add_dependencies(tests ksm environment)
-# They share one registry and one display.
-add_suites(tests COMMAND ${CMAKE_SOURCE_DIR}/tools/wine-run ${CMAKE_BINARY_DIR}/tests.exe
-  PROPERTIES RESOURCE_LOCK wine)
 
 file(GLOB BENCH_SOURCES CONFIGURE_DEPENDS bench/*.cpp)
 if(BENCH_SOURCES)

@@ -1,0 +1,43 @@
+An export is "Save to disk" byte for byte, whole or in part, and brings everything to a wiped machine:
+
+  $ ksm export all.ksf
+  Saved 8 schemes to all.ksf
+  $ cmp all.ksf school.ksf
+  $ ksm export part.ksf "Café Club" --quiet
+  $ fields part.ksf | grep -o "^.*Name of scheme|[^|]*|"
+  Kelvanstead Scheme Manager!|Config Hive|Config1|Café Club|Config Hive|Café Club|The parents' drop-in café, Friday mornings|Scheme Count|The number of schemes|1|Scheme0|Name of scheme|Café Club|
+  $ ksm diff part.ksf "Café Club"
+  same       Café Club
+  $ remember
+  $ wipe
+  $ ksm import all.ksf
+  Imported 8 schemes
+  $ changes
+
+Where the disk is full, or the program is killed while it writes, the old file stays:
+
+  $ echo old >kept.ksf
+  $ (trap "" XFSZ; ulimit -f 8; ksm export kept.ksf)
+  ! kept.ksf: This file cannot be written
+  [3]
+  $ ls | grep tmp
+  [1]
+  $ (ulimit -f 8; ksm export kept.ksf) 2>/dev/null
+  [153]
+  $ cat kept.ksf
+  old
+  $ ksm export kept.ksf
+  Saved 8 schemes to kept.ksf
+  $ cmp kept.ksf school.ksf
+
+What cannot be read whole is told:
+
+  $ reg add "$schemes" /v Gone /d ""
+  $ reg add "$schemes\Infants\Defaults" /v Silent /d "no number" /f
+  $ ksm export kept.ksf
+  Saved 8 schemes to kept.ksf
+  ! Gone: This scheme cannot be read: it has no key of its own
+  ! Infants: Some of this scheme's settings are missing or damaged
+  [6]
+  $ ksm list >/dev/null
+  [6]

@@ -1,0 +1,74 @@
+# What each transcript begins with: the machine of the sample school on its first day, files of its schemes in the
+# working folder, and commands to look at both. Sourced by the shell of a transcript before its first line. "run" tells
+# where the repository and the programs are.
+
+unset BASH_ENV
+set -o pipefail
+export LC_ALL=C.UTF-8
+
+product='HKLM\Software\Tessaly\Kelvanstead' schemes='HKLM\Software\Tessaly\Kelvanstead\Schemes'
+user=$(id -un)
+
+# as_text: a program's output with the line ends of this machine. The user is one of the school.
+as_text() { tr -d '\r' | sed "s/\b$user\b/amelia/g"; }
+
+# ksm ARGUMENT ...: its results, then its problems, each line of these behind a "! ".
+ksm() {
+  local problems status=0
+  problems=$(mktemp)
+  wine "$programs/ksm.exe" "$@" </dev/null 2>"$problems" | as_text || status=$?
+  as_text <"$problems" | sed 's/^/! /'
+  return $status
+}
+
+# The document shows both as a console does, of a long output the beginning.
+if [[ ${TESTFILE-} == *.md ]]; then
+  ksm() { wine "$programs/ksm.exe" "$@" </dev/null 2>&1 | as_text | awk 'NR <= 20 { print } NR == 21 { print "..." }'; }
+fi
+
+# reg ARGUMENT ...: the system's command. Says nothing when it is done.
+reg() { wine reg "$@" </dev/null >/dev/null; }
+
+# registry: takes in what standard input states as a .reg file does, with HKLM and HKCU.
+registry() {
+  sed -e '1 i REGEDIT4' -e 's/HKLM/HKEY_LOCAL_MACHINE/; s/HKCU/HKEY_CURRENT_USER/' >changes.reg
+  wine regedit /S changes.reg
+  rm changes.reg
+}
+
+# wipe: takes all schemes away, but not the shell.
+wipe() { printf '[-%s]\n[%s]\n' "$schemes" "$schemes" | registry; }
+
+# tree KEY: the key with everything below it.
+tree() {
+  reg export "$1" tree.reg /y && iconv -f UTF-16 -t UTF-8 tree.reg | as_text | sed -e 1d -e '/^$/d'
+  rm -f tree.reg
+}
+
+# remember: what the machine has of the shell, and which files are here. changes: the lines that went and came since.
+state() { tree 'HKLM\Software\Tessaly'; ls; }
+remember() { before=$(state); }
+changes() { diff --{old-line-format='- ',new-line-format='+ '}%L --unchanged-line-format= <(cat <<<"$before") <(state); }
+
+# of_file SCRIPT FILE: the file, changed by a script of sed; "|" stands for the byte that ends a field.
+of_file() { LC_ALL=C sed "${1//|/$'\xAC'}" "$2"; }
+
+# fields FILE: its fields, with a "|" behind each.
+fields() { iconv -f CP1252 -t UTF-8 "$1" | sed 's/¬/|/g'; }
+
+# hold MUTEX: until standard input ends. Prints a line as soon as it does.
+hold() { wine "$programs/guard.exe" hold "$1"; }
+
+# rights RIGHTS KEY ...: leaves everybody just these to each of the keys, "KR" to read it, "KA" all.
+rights() {
+  local key
+  for key in "${@:2}"; do wine "$programs/guard.exe" rights "${key#HKLM?}" "$1" </dev/null; done
+}
+
+"$repository/tools/sample-machine" --fresh "$WINE_SESSION"
+cp "$repository/samples/Greenfield Primary.ksf" school.ksf
+echo 'No scheme file' >readme.txt
+# A tab flag is missing, and a count is no number.
+of_file 's/Juniors - Tabs|Page2|1|//; s/\(Staff - FolderDisplay|RootFoldersCount|\)[0-9]*/\1two/' school.ksf >damaged.ksf
+of_file 's/Infants|Years 1 and 2/Infants|Years 1, 2 and 3/; s/Reception/Nursery/g
+  s/\(Staff - Tabs|Page3|\)1/\10/' school.ksf >changed.ksf
