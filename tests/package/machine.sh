@@ -16,8 +16,16 @@ prepare_machine() {
   wine reg delete "HKLM\\Software\\Tessaly\\$name" /f
 } >/dev/null 2>&1
 
-# msi ARGUMENT ...: Windows Installer, without a window.
-msi() { wine msiexec "$@" /qn >/dev/null 2>&1; }
+# msi ARGUMENT ...: Windows Installer, without a window. Takes seconds; where Wine hangs instead, which it does once in a
+# thousand starts, it is started anew.
+msi() {
+  local status=0
+  timeout --foreground 1m wine msiexec "$@" /qn >/dev/null 2>&1 || status=$?
+  [[ $status -eq 124 ]] || return $status
+  echo 'Wine hangs: once more'
+  wineserver -k || true
+  wine msiexec "$@" /qn >/dev/null 2>&1
+}
 
 # take_default_pictures: whether the program, started from its folder, copied the pictures that lie there for the shell;
 # it does so right before its main window. They are the shell's from then on, and here removed again.
