@@ -211,18 +211,6 @@ TEST_F(AllocationTest, WritesTheRowsInTheirOrderAndTellsOnceWhereThatIsRefused) 
   EXPECT_EQ(rows, "Oak Pupils Pupils Teachers ann ben cy ") << "Pupils again, once their key is made";
 }
 
-TEST_F(AllocationTest, RefusesWhatCouldNotBeReadAgain) {
-  const std::string longest(259, 'n'), tooLong(260, 'n');
-  const auto write = [](const std::string& name, const std::string& scheme) {
-    return WriteAllocation(AllocationKind::kUserGroup, name, scheme);
-  };
-  EXPECT_EQ(write(longest, "Gone"), WriteResult::kDone);
-  EXPECT_EQ(write(tooLong, "Staff"), WriteResult::kFailed);
-  EXPECT_EQ(write("cy", tooLong), WriteResult::kFailed);
-  EXPECT_EQ(write("", "Staff"), WriteResult::kFailed);
-  ExpectTree(HKEY_LOCAL_MACHINE, AllocationKeyPath(kUserGroupSchemes), '"' + longest + R"("="Gone")");
-}
-
 TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   constexpr int kApply = IDC_CURRENT_USER_APPLY;
   const struct {

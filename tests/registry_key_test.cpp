@@ -4,7 +4,6 @@
 
 #include <tuple>
 
-#include "registry/registry_access.h"
 #include "support/registry_test.h"
 
 namespace {
@@ -81,19 +80,6 @@ TEST_F(RegistryKeyTest, EnumeratesToTheEndAndExpandsVariables) {
   EXPECT_TRUE(reader_.ShortPath("C:\\windows", &text_)) << "true also where the short form does not fit";
   EXPECT_STREQ(text_, "") << "of which nothing is returned then";
   EXPECT_FALSE(reader_.ShortPath("C:\\no such folder", &text_) || text_);
-}
-
-TEST_F(RegistryKeyTest, DirectReadsEndTextsByLengthAndLeaveWhatDoesNotFit) {
-  const std::string fits(259, 'a');
-  std::string noNul;
-  for (int i = 0; i < 260; ++i)
-    noNul += "61 ";
-  WriteTree(HKEY_LOCAL_MACHINE, kPath,
-            "\"short\"=hex(1):61 62 63 \"fits\"=\"" + fits + "\" \"too long\"=hex(1):" + noNul);
-  const UniqueKey key = OpenKey(HKEY_LOCAL_MACHINE, kPath, KEY_READ);
-  EXPECT_EQ("abc", ReadText(key.Get(), "short"));
-  EXPECT_EQ(fits, ReadText(key.Get(), "fits"));
-  EXPECT_EQ(std::nullopt, ReadText(key.Get(), "too long"));
 }
 
 }  // namespace

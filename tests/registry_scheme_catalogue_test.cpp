@@ -49,7 +49,10 @@ TEST_F(SchemeCatalogueTest, ListsTheValuesThatHaveAKeyUpToAnOverLongOne) {
   EXPECT_EQ(catalogue_.LoadCatalogue(2), CatalogueResult::kLoaded);
   EXPECT_EQ(":unnamed Infants:A ", Listed());
 
-  EXPECT_EQ(Load("\"J\"=\"" + fits + "x\" [J]"), CatalogueResult::kCutShort);
+  std::string tooLong;  // and without a NUL
+  for (int i = 0; i < 260; ++i)
+    tooLong += "78 ";
+  EXPECT_EQ(Load("\"J\"=hex(1):" + tooLong + " [J]"), CatalogueResult::kCutShort);
   EXPECT_EQ(":unnamed Infants:A ", Listed());
   EXPECT_TRUE(catalogue_.IsTaken("juniors")) << "not on the list, but in the registry with value and key";
   EXPECT_TRUE(catalogue_.IsTaken("INFANTS"));

@@ -1,6 +1,8 @@
 // import.
 
 #include <algorithm>
+#include <set>
+#include <string>
 
 #include "base/names.h"
 #include "cli/commands.h"
@@ -48,7 +50,8 @@ ExitCode Write(const SchemeHive& hive, const Options& options, Output& output) {
   }
   if (problems.NoAccess) output.Problem("ksm", "The registry refused to change the schemes");
   if (problems.ConfigList) output.Problem("ksm", "Not all of the descriptions could be written");
-  for (const std::string& name : problems.Schemes)
+  // Once each: a file may name many schemes alike.
+  for (const std::string& name : std::set(problems.Schemes.begin(), problems.Schemes.end()))
     output.Problem(name, "Not all of this scheme could be written");
   if (!options.Quiet) {
     const std::size_t count = hive.Schemes.size(),

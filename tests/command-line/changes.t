@@ -66,6 +66,14 @@ Classes, users and groups are allocated schemes, known or not:
   "Pupils"="Staff"
   "Teachers"="Staff"
 
+What could not be read again is not allocated:
+
+  $ remember
+  $ ksm allocate --group "$(printf 'n%.0s' {1..260})" Staff | cut -c -20
+  ! nnnnnnnnnnnnnnnnnn
+  [6]
+  $ changes
+
 The helper:
 
   $ ksm helper Peedy --quiet
@@ -85,8 +93,8 @@ Two ksm do not change a machine at once:
   [6]
   $ ksm check school.ksf
   Whole, with 8 schemes
-  $ ksm import --wait 30 school.ksf --quiet &
+  $ ksm import --wait 30 school.ksf --quiet & waiting=$!
   $ sleep 0.5; changes
-  $ exec {other[1]}>&-; wait $!
+  $ exec {other[1]}>&-; wait $waiting
   $ ksm diff school.ksf Infants
   same       Infants

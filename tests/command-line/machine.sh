@@ -56,6 +56,10 @@ of_file() { LC_ALL=C sed "${1//|/$'\xAC'}" "$2"; }
 # fields FILE: its fields, with a "|" behind each.
 fields() { iconv -f CP1252 -t UTF-8 "$1" | sed 's/¬/|/g'; }
 
+# records FILE: its records, a line each with such fields. as_file: the file of such lines.
+records() { fields "$1" | cut -c 29- | sed 's/\(\([^|]*|\)\{3\}\)/\1\n/g'; }
+as_file() { (echo -n 'Kelvanstead Scheme Manager!|'; tr -d '\n') | sed 's/|/¬/g' | iconv -f UTF-8 -t CP1252; }
+
 # hold MUTEX: until standard input ends. Prints a line as soon as it does.
 hold() { wine "$programs/guard.exe" hold "$1"; }
 

@@ -14,6 +14,7 @@
 #include "model/item_list.h"
 #include "model/property_records.h"
 #include "schemefile/check.h"
+#include "schemefile/compare.h"
 #include "schemefile/records/record_splitter.h"
 #include "schemefile/records/record_store.h"
 
@@ -60,6 +61,7 @@ void Import(RecordList records) {
   RecordStore exported;
   for (const SchemeProperties& scheme : schemes) {
     Require(std::ssize(scheme.FolderRoots) <= kMaxItems && std::ssize(scheme.WebLinks) <= kMaxItems);
+    Require(CompareScheme(scheme, scheme).empty());
     WritePropertyRecords(exported, scheme);
   }
 }
