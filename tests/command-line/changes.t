@@ -74,7 +74,7 @@ What could not be read again is not allocated:
   [6]
   $ changes
 
-The helper:
+The helper. Its path counts whatever the type of the value is:
 
   $ ksm helper Peedy --quiet
   $ ksm helper
@@ -82,6 +82,9 @@ The helper:
   $ reg add "$product\Settings" /v "msAgent Path" /d 'C:\Windows\MSAgent\Chars\Rover.acs' /f
   $ ksm helper
   None of the four: C:\Windows\MSAgent\Chars\Rover.acs
+  $ reg add "$product\Settings" /v "msAgent Path" /t REG_BINARY /d 5C526F6262792E61637300 /f
+  $ ksm helper
+  Robby
 
 Two ksm do not change a machine at once:
 
