@@ -3,9 +3,7 @@ Damage that is accepted costs what it hit. The names and the numbers of folders 
   $ ksm export two.ksf Infants Reception --quiet
   $ brings() {
   >   wipe; ksm import odd.ksf --accept-damage --quiet | grep -v ': byte'
-  >   ksm list | sed -e '1d; /^!/d; s/  .*//' | while read -r name; do
-  >     echo "$name: $(ksm show "$name" | sed -n 's/^Folders  *//p')"
-  >   done
+  >   tree "$schemes" | sed -n '/FolderDisplay]/ { N; s/.*Schemes.\(.*\).FolderDisplay].*:0*\(.\)/\1: \2/p }'
   > }
   $ damaged() { of_file "$1" two.ksf >odd.ksf; brings; }
 
@@ -14,13 +12,13 @@ Damage that is accepted costs what it hit. The names and the numbers of folders 
   $ damaged 's/!|/!||/'
   ! ksm: Not all of the descriptions could be written
   ! Infants: This scheme is not there after the import
+  Infants: 2
   Reception: 1
   $ damaged 's/RootPath.*//'
   ! "": Not all of this scheme could be written
   ! Reception: This scheme cannot be read: it has no key of its own
   ! "": This scheme is not there after the import
   Infants: 2
-  [6]
   $ damaged 's/number of schemes|2/number of schools|2/'
   $ damaged 's/number of schemes|2/number of schemes|-2/'
   $ damaged 's/number of schemes|2/number of schemes|99999999999/'
@@ -52,30 +50,26 @@ Damage that is accepted costs what it hit. The names and the numbers of folders 
   ! Reception: This scheme cannot be read: it has no key of its own
   ! "": This scheme is not there after the import
   Infants: 2
-  [6]
   $ damaged 's/Name of scheme|Reception|/Name of scheme|a\\b|/'
   ! a\b: Not all of this scheme could be written
   ! Reception: This scheme cannot be read: it has no key of its own
   ! a\b: This scheme is not there after the import
   Infants: 2
-  [6]
   $ damaged 's/Name of scheme|Reception|/Name of scheme|a\x00b|/'
   ! a?b: Not all of this scheme could be written
   ! Reception: This scheme cannot be read: it has no key of its own
   ! a?b: This scheme is not there after the import
   Infants: 2
-  [6]
   $ damaged "s/Name of scheme|Reception|/Name of scheme|$(printf 'n%.0s' {1..256})|/" | cut -c -20
   ! nnnnnnnnnnnnnnnnnn
   ! Reception: This sc
   ! nnnnnnnnnnnnnnnnnn
   Infants: 2
-  [6]
   $ damaged 's/Name of scheme|Reception|/Name of scheme|Up||/'
   ! Reception: This scheme cannot be read: it has no key of its own
   ! Up: This scheme is not there after the import
   Infants: 2
-  [6]
+  Up: 0
 
 What no file of schemes can be is not read, and what is protected not replaced:
 
