@@ -11,7 +11,7 @@ chose, and what is allocated to the user and the group:
   >   registry <<EOF
   > [HKLM\Software\Tessaly\Tallowby]
   > "Environment Code"=dword:$1
-  > [HKLM\Software\Tessaly\Tallowby\Accounts\\$user]
+  > [HKLM\Software\Tessaly\Tallowby\Accounts\amelia]
   > "Account Type"="$2"
   > [HKLM\Software\Tessaly\Crateling\Benchspace]
   > "Current Mode"="$2"
@@ -20,7 +20,7 @@ chose, and what is allocated to the user and the group:
   > [HKCU\Software\Tessaly\Kelvanstead]
   > "ConfigToUse"="$4"
   > [$product\User Schemes]
-  > "$user"="$5"
+  > "amelia"="$5"
   > [$product\User Group Schemes]
   > "$2"="$6"
   > EOF

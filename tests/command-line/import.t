@@ -3,6 +3,7 @@ A damaged file changes nothing unless that is accepted:
   $ head -c 20000 school.ksf >half.ksf
   $ (cat school.ksf; echo) >torn.ksf
   $ of_file 's/Reception/infants/g' school.ksf >twice.ksf
+  $ of_file 's/Reception/Infants/g' school.ksf >same.ksf
   $ remember
   $ ksm import school.ksf --dry-run Infants
   same       Infants
@@ -35,6 +36,9 @@ A damaged file changes nothing unless that is accepted:
   $ ksm show Infants --file torn.ksf | tail -n 2
   Toolbar page 3: Help                         On
   ! torn.ksf: This file is damaged; "ksm check" tells where
+  [1]
+  $ ksm show Infants --file same.ksf | grep ^Folders  # of one name the last
+  Folders                                      1
   [1]
   $ changes
   $ reg add "$schemes\Juniors\WebLinks" /v WebLinksCount /t REG_DWORD /d 0 /f

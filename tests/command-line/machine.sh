@@ -7,10 +7,11 @@ set -o pipefail
 export LC_ALL=C.UTF-8
 
 product='HKLM\Software\Tessaly\Kelvanstead' schemes='HKLM\Software\Tessaly\Kelvanstead\Schemes'
-user=$(id -un)
+# Whoever runs this is a pupil of the school: from here Wine has the name of the user.
+export USER=amelia
 
-# as_text: a program's output with the line ends of this machine. The user is one of the school.
-as_text() { tr -d '\r' | sed "s/\b$user\b/amelia/g"; }
+# as_text: a program's output with the line ends of this machine.
+as_text() { tr -d '\r'; }
 
 # ksm ARGUMENT ...: its results, then its problems, each line of these behind a "! ".
 ksm() {
