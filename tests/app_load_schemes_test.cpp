@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/catalogue_messages.h"
 #include "app/load_plan.h"
 #include "app/load_schemes_command.h"
 #include "controls/list_view.h"
@@ -318,6 +319,8 @@ TEST_F(LoadSchemesTest, SaysWhatCouldNotBeWritten) {
     AddMachine();
   }
   EXPECT_EQ(reloads_, 3);
+  EXPECT_EQ(JoinNames({"a", std::string("b\0c", 3)}), "a, b?c")
+      << "a name of a file, which would end the text";
 }
 
 // As "Load from disk" says it.

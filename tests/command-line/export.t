@@ -41,3 +41,16 @@ What cannot be read whole is told:
   [6]
   $ ksm list >/dev/null
   [6]
+
+The list of schemes ends in front of a description that is too long:
+
+  $ reg add "$schemes" /v Juniors /d "$(printf 'x%.0s' {1..260})" /f
+  $ ksm list | sed 's/  .*//'
+  Name
+  After School Club
+  Café Club
+  Default User
+  Infants
+  ! ksm: The list of schemes ends at a text that is too long to be read
+  ! Gone: This scheme cannot be read: it has no key of its own
+  [6]
