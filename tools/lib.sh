@@ -4,9 +4,21 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
-# wine PROGRAM [ARGUMENT ...]: as the command does, for five minutes at most: what a script asks of Wine takes seconds, and
-# what hangs is to fail.
-wine() { timeout --foreground 5m wine "$@"; }
+# wine PROGRAM [ARGUMENT ...]: as the command does, until the limit of timeout(1) in wine_limit: what a script asks of Wine
+# takes seconds, and what hangs is to fail. One start in some thousand loses its connection before the program has begun,
+# and is repeated. Standard error comes at the end, or into the file wine_errors.
+wine() {
+  local errors tries status
+  errors=${wine_errors-$(mktemp)}
+  for tries in 1 2 3; do
+    status=0
+    : >"$errors"
+    timeout --foreground "${wine_limit-5m}" wine "$@" 2>>"$errors" || status=$?
+    grep -q '^wine client error' "$errors" || break
+  done
+  [[ -n ${wine_errors-} ]] || { cat "$errors" >&2; rm -f "$errors"; }
+  return $status
+}
 
 # settle: until every program has ended and the registry is on the disk. Wine's own services end with the last program;
 # one that does not is ended.
@@ -57,7 +69,7 @@ open_desktop() {
 }
 
 # desktop_run LIMIT PROGRAM [ARGUMENT ...]: one program, in a desktop of its own, until the limit of timeout(1) at most.
-desktop_run() { timeout --foreground "$1" wine explorer "/desktop=$desktop" "${@:2}"; }
+desktop_run() { wine_limit=$1 wine explorer "/desktop=$desktop" "${@:2}"; }
 
 # wait_for_window TITLE: until it stands and has had time to paint itself, or a minute is over.
 wait_for_window() {

@@ -1,8 +1,10 @@
+# shellcheck shell=bash disable=SC2034,SC2154
 # What each transcript begins with: the machine of the sample school on its first day, files of its schemes in the
 # working folder, and commands to look at both. Sourced by the shell of a transcript before its first line. "run" tells
 # where the repository and the programs are.
 
 unset BASH_ENV
+. "$repository/tools/lib.sh"
 set -o pipefail
 export LC_ALL=C.UTF-8
 
@@ -19,12 +21,20 @@ ksm() {
   problems=$(mktemp)
   wine "$programs/ksm.exe" "$@" </dev/null 2>"$problems" | as_text || status=$?
   as_text <"$problems" | sed 's/^/! /'
+  rm -f "$problems"
   return $status
 }
 
-# The document shows both as a console does, of a long output the beginning.
+# The document shows both as they come on a console, of a long output the beginning.
 if [[ ${TESTFILE-} == *.md ]]; then
-  ksm() { wine "$programs/ksm.exe" "$@" </dev/null 2>&1 | as_text | awk 'NR <= 20 { print } NR == 21 { print "..." }'; }
+  ksm() {
+    local output status=0
+    output=$(mktemp)
+    wine_errors=$output wine "$programs/ksm.exe" "$@" </dev/null >>"$output" || status=$?
+    as_text <"$output" | awk 'NR <= 20 { print } NR == 21 { print "..." }'
+    rm -f "$output"
+    return $status
+  }
 fi
 
 # reg ARGUMENT ...: the system's command. Says nothing when it is done.

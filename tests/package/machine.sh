@@ -20,7 +20,7 @@ prepare_machine() {
 # thousand starts, it is started anew.
 msi() {
   local status=0
-  timeout --foreground 1m wine msiexec "$@" /qn >/dev/null 2>&1 || status=$?
+  wine_limit=1m wine msiexec "$@" /qn >/dev/null 2>&1 || status=$?
   [[ $status -eq 124 ]] || return $status
   echo 'Wine hangs: once more'
   wineserver -k || true
