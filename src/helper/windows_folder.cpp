@@ -2,6 +2,8 @@
 
 namespace {
 
+constexpr int kWindowsFolder = 0x24;  // CSIDL_WINDOWS
+
 HMODULE g_library = nullptr;
 
 GetFolderPathFunction LoadFrom(const char* library) {
@@ -25,5 +27,5 @@ std::string WindowsFolder() {
   const GetFolderPathFunction getFolderPath = GetFolderPathProc();
   if (!getFolderPath) return "";
   char folder[MAX_PATH] = "";
-  return getFolderPath(nullptr, CSIDL_WINDOWS, nullptr, 0, folder) == S_OK ? folder : "C:\\Windows";
+  return getFolderPath(nullptr, kWindowsFolder, nullptr, 0, folder) == S_OK ? folder : "C:\\Windows";
 }

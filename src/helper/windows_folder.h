@@ -3,11 +3,10 @@
 
 #include <windows.h>
 
-#include <shlobj.h>
-
 #include <string>
 
-using GetFolderPathFunction = decltype(&SHGetFolderPathA);
+// As <shlobj.h> has it, which brings the headers of windows and controls.
+using GetFolderPathFunction = HRESULT(WINAPI*)(HWND, int, HANDLE, DWORD, LPSTR);
 
 // SHGetFolderPathA, loaded at run time: the first call of the process returns that of Shell32.dll if it has
 // one, every other that of SHFolder.dll, which older systems have instead. Null when there is none. Valid
