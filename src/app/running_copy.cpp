@@ -72,7 +72,10 @@ bool IsMainWindow(HWND window) {
 void BringRunningCopyToFront() {
   if (const HWND titled = FindWindowExA(nullptr, nullptr, nullptr, kMainWindowTitle))
     ShowWindow(titled, SW_RESTORE);
-  if (const HWND window = FindWindowOfOtherCopy(&TakesInput)) SetForegroundWindow(window);
+  const HWND window = FindWindowOfOtherCopy(&TakesInput);
+  if (!window) return;
+  if (IsIconic(window)) ShowWindow(window, SW_RESTORE);
+  SetForegroundWindow(window);
 }
 
 OfferResult OfferFile(const std::wstring& path) {
