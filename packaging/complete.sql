@@ -2,6 +2,7 @@ CREATE TABLE `Environment` (`Environment` CHAR(72) NOT NULL, `Name` CHAR(255) NO
 INSERT INTO `Environment` (`Environment`, `Name`, `Value`, `Component_`) VALUES ('MachinePath', '=-*PATH', '[~];[TessalyFolder]Kelvanstead Scheme Manager', 'CommandLine')
 INSERT INTO `InstallExecuteSequence` (`Action`, `Sequence`) VALUES ('RemoveEnvironmentStrings', 3300)
 INSERT INTO `InstallExecuteSequence` (`Action`, `Sequence`) VALUES ('WriteEnvironmentStrings', 5200)
+UPDATE `InstallExecuteSequence` SET `Sequence` = 1501 WHERE `Action` = 'RemoveExistingProducts'
 UPDATE `File` SET `Version` = '@VERSION@', `Language` = '2057' WHERE `File` = 'Program.exe'
 UPDATE `File` SET `Version` = '@VERSION@', `Language` = '2057' WHERE `File` = 'ksm.exe'
 DELETE FROM `MsiFileHash` WHERE `File_` = 'Program.exe'
