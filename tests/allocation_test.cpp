@@ -211,6 +211,11 @@ TEST_F(AllocationTest, WritesTheRowsInTheirOrderAndTellsOnceWhereThatIsRefused) 
   EXPECT_EQ(rows, "Oak Pupils Pupils Teachers ann ben cy ") << "Pupils again, once their key is made";
 }
 
+TEST_F(AllocationTest, RefusesWhatCouldNotBeReadAgain) {
+  EXPECT_EQ(WriteAllocation(AllocationKind::kUserGroup, "cy", std::string(259, 's')), WriteResult::kDone);
+  EXPECT_EQ(WriteAllocation(AllocationKind::kUserGroup, "cy", std::string(260, 's')), WriteResult::kFailed);
+}
+
 TEST_F(AllocationTest, PerUserLayoutWritesTheCurrentUsersChoiceOnly) {
   constexpr int kApply = IDC_CURRENT_USER_APPLY;
   const struct {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <new>
 #include <string>
 
 #include "base/unique_handle.h"
@@ -152,12 +153,21 @@ TEST_F(ExchangeCommandsTest, SaysWhenAFileIsNotToBeRead) {
       .ExpectMessage(kExclamation.OwnedBy(kOwner), "File Load Problem",
                      "This does not appear to be a valid Kelvanstead Scheme Manager File.");
   Load();
+  const auto expectReadProblem = [this] {
+    script_.Expect("Open", ChooseFile(path_))
+        .ExpectMessage(kWarning.OwnedBy(kOwner), "Read Problem",
+                       "Unable to read the file specified.\nThis is due to the file being damaged,\n"
+                       "protected or unreadable for another reason");
+    Load();
+  };
+  WriteFileBytes(path_, ExpectedFile());
+  {
+    const UniqueFile writer(
+        CreateFileA(path_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    expectReadProblem();
+  }
   SetFileAttributesA(path_.c_str(), FILE_ATTRIBUTE_READONLY);
-  script_.Expect("Open", ChooseFile(path_))
-      .ExpectMessage(kWarning.OwnedBy(kOwner), "Read Problem",
-                     "Unable to read the file specified.\nThis is due to the file being damaged,\n"
-                     "protected or unreadable for another reason");
-  Load();
+  expectReadProblem();
   EXPECT_EQ(reloads_, 0);
 }
 
@@ -170,6 +180,14 @@ TEST_F(ExchangeCommandsTest, CautionsWhenTheListCannotBeWritten) {
   LoadFromDisk(window_, [this] { ++reloads_; });
   EXPECT_EQ(reloads_, 1);
   EXPECT_EQ(RootCounts(), "") << "no scheme is written without it";
+}
+
+// What was written is there, so it is no "Read Problem".
+TEST_F(ExchangeCommandsTest, TellsWhenMemoryEndsBehindTheWriting) {
+  WriteFileBytes(path_, ExpectedFile());
+  script_.Expect("Open", ChooseFile(path_))
+      .ExpectMessage(kWarning.OwnedBy(kOwner), "Import Problem", kImportProblem);
+  LoadFromDisk(window_, [] { throw std::bad_alloc(); });
 }
 
 TEST_F(ExchangeCommandsTest, EndsTheProgramWhereTheSchemesKeyIsMissing) {

@@ -1,12 +1,15 @@
 #include <windows.h>
 #include <gtest/gtest.h>
+#include <tlhelp32.h>
 
 #include <filesystem>
 #include <string>
 
 #include "app/settings.h"
 #include "app/start_up.h"
+#include "base/program_processes.h"
 #include "support/dialog_script.h"
+#include "support/imported_calls.h"
 #include "support/program_copies.h"
 #include "support/registry_test.h"
 #include "support/scratch_folder.h"
@@ -102,17 +105,34 @@ TEST_F(StartUpTest, FillsInTheDefaultBitmapsAndShowsTheMainWindow) {
   EXPECT_FALSE(CSchemeManagerApp().InitInstance());
 }
 
-TEST_F(StartUpTest, SeesASecondCopyUnderEachOfItsNames) {
-  for (const char* name : {"KELVANSTEAD scheme manager.exe", "Kelvanstead Scheme Manager"}) {
-    {
-      ProgramCopies copies(location_, name);
-      for (const bool expected : {false, true}) {
-        copies.Start();
-        EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected) << name;
-      }
+TEST_F(StartUpTest, SeesASecondCopyAsLongAsItRuns) {
+  {
+    ProgramCopies copies(location_);
+    for (const bool expected : {false, true}) {
+      copies.Start();
+      EXPECT_EQ(CSchemeManagerApp::IsAlreadyRunning(), expected);
     }
-    EXPECT_FALSE(CSchemeManagerApp::IsAlreadyRunning());
   }
+  EXPECT_FALSE(CSchemeManagerApp::IsAlreadyRunning());
+}
+
+const char* g_listed = "";
+BOOL WINAPI ListOneProcess(HANDLE, PROCESSENTRY32* process) {
+  lstrcpyA(process->szExeFile, g_listed);
+  process->th32ProcessID = GetCurrentProcessId();
+  return TRUE;
+}
+
+TEST(ProgramProcessesTest, KnowsTheNameOfEachKindOfWindows) {
+  const Diversion diversion("Process32First", reinterpret_cast<void*>(&ListOneProcess));
+  for (const char* name :
+       {"KELVANSTEAD scheme manager", "Kelvanstead Scheme Manager.", "Kelvanstead Scheme Manager.exe",
+        "C:\\Program Files\\Tessaly\\Kelvanstead Scheme Manager\\Kelvanstead Scheme Manager.exe"}) {
+    g_listed = name;
+    EXPECT_EQ(ProgramProcesses(), std::vector{GetCurrentProcessId()}) << name;
+  }
+  g_listed = "Kelvanstead Scheme Manager.ex";
+  EXPECT_TRUE(ProgramProcesses().empty());
 }
 
 TEST(VersionResourceTest, NamesMakerProductAndVersion) {

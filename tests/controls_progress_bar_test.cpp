@@ -95,4 +95,14 @@ TEST_F(ProgressBar, ShowsItsEndWholeAndStopsThere) {
   }
 }
 
+TEST_F(ProgressBar, ShowsHowFarItIsFourTimesASecond) {
+  CProgressBar progress(main_, 0, 9, 1, "", kCaption, "Cancel", 0);
+  const HWND bar = GetDlgItem(Window(), IDC_PROGRESS_BAR);
+  progress.Step();
+  EXPECT_EQ(SendMessageA(bar, PBM_GETPOS, 0, 0), 0) << "too soon";
+  Sleep(300);
+  progress.Step();
+  EXPECT_EQ(SendMessageA(bar, PBM_GETPOS, 0, 0), 2);
+}
+
 }  // namespace

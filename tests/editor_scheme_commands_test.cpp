@@ -141,12 +141,14 @@ TEST_F(SchemeCommandsTest, StoresLinksAndRootsAsTheyWereAddedEditedAndMoved) {
 }
 
 TEST_F(SchemeCommandsTest, RenamesOnceTheNameIsNeitherBlankNorTaken) {
+  // The list of schemes ends at the first of these, so the second one is not on it.
+  WriteTree(HKEY_LOCAL_MACHINE, kSchemesKey, R"("Zebras"=")" + std::string(300, 'z') + R"(" "Zoo"="" [Zoo])");
   const std::string before = DumpTree(HKEY_LOCAL_MACHINE, kProductKey);
   EXPECT_EQ(Edit(Name("Others", "x", IDCANCEL)), std::nullopt);
   EXPECT_EQ(DumpTree(HKEY_LOCAL_MACHINE, kProductKey), before);
   EXPECT_EQ(Edit(Name("STAFF", "x")), "STAFF");  // not a duplicate of itself
   EXPECT_EQ(Schemes(), (Names{"Default User: All", "STAFF: x", "Standard: Built in"}));
-  EXPECT_EQ(Edit(Name("standard", "y"), {"  ", "DEFAULT USER", "Others"}, "STAFF"), "Others");
+  EXPECT_EQ(Edit(Name("standard", "y"), {"  ", "DEFAULT USER", "Zoo", "Others"}, "STAFF"), "Others");
   EXPECT_EQ(Edit(PressOK, {"Default User"}, "Default User"),
             "Default User");  // has to be named again, and may keep its name
   EXPECT_EQ(Schemes(), (Names{"Default User: ", "Others: y", "Standard: Built in"}));

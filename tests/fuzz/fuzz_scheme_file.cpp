@@ -62,6 +62,7 @@ void Import(RecordList records) {
   for (const SchemeProperties& scheme : schemes) {
     Require(std::ssize(scheme.FolderRoots) <= kMaxItems && std::ssize(scheme.WebLinks) <= kMaxItems);
     Require(CompareScheme(scheme, scheme).empty());
+    (void)CompareScheme(schemes.front(), scheme);
     WritePropertyRecords(exported, scheme);
   }
 }

@@ -13,9 +13,7 @@
 class ProgramCopies {
  public:
   // Puts another program under that name into the folder.
-  explicit ProgramCopies(const std::string& folder,
-                         const std::string& name = "Kelvanstead Scheme Manager.exe")
-      : program_(folder + "\\" + name) {
+  explicit ProgramCopies(const std::string& folder) : program_(folder + "\\Kelvanstead Scheme Manager.exe") {
     char system[MAX_PATH] = "";
     GetSystemDirectoryA(system, sizeof(system));
     std::filesystem::copy_file(std::filesystem::path(system) / "cmd.exe", program_);
