@@ -64,23 +64,37 @@ Ending Open(HWND owner, const std::string& path, OpenedFile& file) {
   }
 }
 
-bool SaveCopy(HWND owner, const ChosenFile& copy) {
+// Whether an import reads the file whole. Of a text with the byte that ends a field it would see two.
+bool CanBeReadAgain(const std::string& path) {
+  std::string bytes;
+  return ReadSchemeFile(path, bytes) == FileResult::kDone &&
+         CheckRecords(SplitRecords(std::move(bytes))).IsWhole();
+}
+
+enum class CopyResult { kSafe, kNotSaved, kUnreadable };
+
+CopyResult SaveCopy(HWND owner, const ChosenFile& copy) {
   const CommandGuard guard(owner);
   const WaitCursor waitCursor;
   try {
-    return !copy.Path.empty() && SaveMachine(owner, copy) == Ending::kDone;
-  } catch (const std::exception&) {
-    return false;
+    if (copy.Path.empty() || SaveMachine(owner, copy) != Ending::kDone) return CopyResult::kNotSaved;
+    return CanBeReadAgain(copy.Path) ? CopyResult::kSafe : CopyResult::kUnreadable;
+  } catch (const std::exception&) {  // more than memory holds
+    return CopyResult::kNotSaved;
   }
 }
 
 // Asks until the schemes that are there are safe, or nobody wants to load any.
 bool Choose(HWND owner, LoadPlan& plan) {
   while (CLoadSchemesDialog(plan).DoModal(owner) == IDOK) {
-    if (!plan.KeepsCopy || SaveCopy(owner, CopyOf(plan))) return true;
+    const CopyResult copy = plan.KeepsCopy ? SaveCopy(owner, CopyOf(plan)) : CopyResult::kSafe;
+    if (copy == CopyResult::kSafe) return true;
     ShowWarning(owner,
-                "The copy of the present schemes could not be saved, so nothing was loaded.\n"
-                "Please choose another place for it.",
+                copy == CopyResult::kNotSaved
+                    ? "The copy of the present schemes could not be saved, so nothing was loaded.\n"
+                      "Please choose another place for it."
+                    : "The copy of the present schemes was saved, but cannot be read whole, so nothing was "
+                      "loaded.\nOne of their names or texts has a character that no scheme file can hold.",
                 kTitle);
   }
   return false;

@@ -93,6 +93,12 @@ void PrintTraceAsJson(const SchemeTrace& trace, Output& output) {
       .Print(output);
 }
 
+// What the name of the result does not tell.
+const char* Reservation(const SchemeTrace& trace) {
+  if (trace.EnvironmentCode == kNoEnvironment) return ", which names no scheme: there is no environment";
+  return trace.Candidates.back().Outcome == CandidateOutcome::kLoaded ? "" : ", which could not be loaded";
+}
+
 void PrintTrace(const SchemeTrace& trace, Output& output) {
   output.PrintTable({{"User", trace.UserName},
                      {"Environment",
@@ -105,7 +111,7 @@ void PrintTrace(const SchemeTrace& trace, Output& output) {
     rows.push_back({SourceWords(source), owner, scheme, OutcomeWords(outcome)});
   output.PrintTable(rows);
   output.Print("");
-  output.Print("This user gets " + trace.Result);
+  output.Print("This user gets " + trace.Result + Reservation(trace));
 }
 
 }  // namespace
@@ -125,9 +131,13 @@ ExitCode ListAllocations(const Options& options, Output& output) {
 }
 
 ExitCode AllocateScheme(const Options& options, Output& output) {
-  if (const ExitCode code = Admit(output); code != ExitCode::kDone) return code;
-  if (!options.Clear && !IsThere(options.Scheme, SchemeNames(), output)) return ExitCode::kNothingThere;
   const WriteLock lock(options.Wait);
+  SchemeCatalogue catalogue;
+  if (const ExitCode code = OpenCatalogue(catalogue, SchemesAccess::kRead, output, Gaps::kOfNoConcern);
+      code != ExitCode::kDone)
+    return code;
+  if (!options.Clear && !IsThere(options.Scheme, NamesOf(catalogue.Schemes()), output))
+    return ExitCode::kNothingThere;
   if (!MayChange(lock, output)) return ExitCode::kPartly;
   const std::string kind = KindWord(options.Kind);
   switch (WriteAllocation(options.Kind, options.Owner, options.Scheme)) {
@@ -140,7 +150,7 @@ ExitCode AllocateScheme(const Options& options, Output& output) {
     case WriteResult::kDone:
       break;
   }
-  if (!IsKnown(options.Kind, options.Owner))
+  if (!options.Clear && !IsKnown(options.Kind, options.Owner))
     output.Problem(options.Owner,
                    "This machine does not know this " + kind + "; the allocation is made all the same");
   if (!options.Quiet) {

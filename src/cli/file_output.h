@@ -16,12 +16,13 @@ std::string Counted(std::size_t count, const std::string& what);
 
 struct SaveResult {
   ExitCode Code = ExitCode::kDone;
-  bool IsWritten = false;
+  bool IsWhole = false;  // the file is there, and an import reads it whole
 };
 
 // Writes the schemes of those names, or all for no names, to a scheme file, byte for byte as the program with
-// the windows does. The old file stays until the new one is whole. kNothingThere for a name that is not
-// there, kFile when the file cannot be written, kPartly when not all of a scheme could be read; where the
-// registry refused it, nothing is written.
+// the windows does, and checks what it wrote. The old file stays until the new one is on the disk.
+// kNothingThere for a name that is not there, kFile when the file cannot be written, kPartly when not all of
+// a scheme could be read, nothing being written where the registry refused it, and when the file cannot be
+// read whole: of a text with the byte that ends a field, an import sees two.
 [[nodiscard]] SaveResult SaveSchemes(const SchemeCatalogue& catalogue, const std::vector<std::string>& names,
                                      const std::string& path, const Options& options, Output& output);

@@ -50,9 +50,10 @@ ExitCode Write(const SchemeHive& hive, const Options& options, Output& output) {
   }
   if (problems.NoAccess) output.Problem("ksm", "The registry refused to change the schemes");
   if (problems.ConfigList) output.Problem("ksm", "Not all of the descriptions could be written");
-  // Once each: a file may name many schemes alike.
-  for (const std::string& name : std::set(problems.Schemes.begin(), problems.Schemes.end()))
-    output.Problem(name, "Not all of this scheme could be written");
+  std::set<std::string> told;  // a file may name many schemes alike
+  for (const std::string& name : problems.Schemes) {
+    if (told.insert(name).second) output.Problem(name, "Not all of this scheme could be written");
+  }
   if (!options.Quiet) {
     const std::size_t count = hive.Schemes.size(),
                       failed = problems.NoAccess ? count : problems.Schemes.size();
@@ -65,7 +66,8 @@ ExitCode Write(const SchemeHive& hive, const Options& options, Output& output) {
 // Tells where the registry now holds something else than the file.
 ExitCode Verify(const SchemeHive& hive, const Options& options, Output& output) {
   SchemeCatalogue catalogue;
-  if (const ExitCode code = OpenCatalogue(catalogue, SchemesAccess::kRead, output); !GoesOn(code))
+  if (const ExitCode code = OpenCatalogue(catalogue, SchemesAccess::kRead, output, Gaps::kOfNoConcern);
+      code != ExitCode::kDone)
     return code;
   std::vector<SchemeEntry> written;
   std::ranges::copy_if(catalogue.Schemes(), std::back_inserter(written), [&](const SchemeEntry& entry) {
@@ -99,8 +101,11 @@ ExitCode ImportFile(const Options& options, Output& output) {
   if (!options.DryRun && !MayChange(lock, output)) return ExitCode::kPartly;
 
   SchemeCatalogue catalogue;
+  // The import may mend them; a comparison, a backup and the look for what is built in need the whole list.
+  const Gaps gaps =
+      options.DryRun || options.KeepBuiltIn || !options.Backup.empty() ? Gaps::kTold : Gaps::kOfNoConcern;
   const ExitCode opened =
-      OpenCatalogue(catalogue, options.DryRun ? SchemesAccess::kRead : SchemesAccess::kChange, output);
+      OpenCatalogue(catalogue, options.DryRun ? SchemesAccess::kRead : SchemesAccess::kChange, output, gaps);
   if (!GoesOn(opened)) return opened;
   if (options.KeepBuiltIn) LeaveBuiltIn(catalogue, file.Hive, options, output);
   if (options.DryRun) {
@@ -112,7 +117,7 @@ ExitCode ImportFile(const Options& options, Output& output) {
   if (!options.Backup.empty()) {
     const SaveResult saved = SaveSchemes(catalogue, {}, options.Backup, options, output);
     code = std::max(code, saved.Code);
-    if (!saved.IsWritten) return code;
+    if (!saved.IsWhole) return code;
   }
   code = std::max(code, Write(file.Hive, options, output));
   return options.NoVerify ? code : std::max(code, Verify(file.Hive, options, output));

@@ -11,6 +11,22 @@
 #include "registry/registry_key.h"
 #include "registry/registry_paths.h"
 
+namespace {
+
+// What the list of schemes lacks. kPartly after a line about it.
+ExitCode TellGaps(const SchemeCatalogue& catalogue, CatalogueResult result, Output& output) {
+  if (result == CatalogueResult::kCutShort)
+    output.Problem("ksm", "The list of schemes ends at a text that is too long to be read");
+  if (result == CatalogueResult::kReadError)
+    output.Problem("ksm", "The registry refused to read part of the list of schemes");
+  for (const std::string& name : catalogue.Unreadable())
+    output.Problem(name, "This scheme cannot be read: it has no key of its own");
+  const bool isWhole = result == CatalogueResult::kLoaded && catalogue.Unreadable().empty();
+  return isWhole ? ExitCode::kDone : ExitCode::kPartly;
+}
+
+}  // namespace
+
 ExitCode AdmitUser(Output& output) {
   if (!IsLockedByPolicy()) return ExitCode::kDone;
   output.Problem("ksm", "The policy locks this user out");
@@ -24,32 +40,17 @@ ExitCode Admit(Output& output) {
   return ExitCode::kNothingThere;
 }
 
-ExitCode OpenCatalogue(SchemeCatalogue& catalogue, SchemesAccess access, Output& output) {
+ExitCode OpenCatalogue(SchemeCatalogue& catalogue, SchemesAccess access, Output& output, Gaps gaps) {
   if (const ExitCode code = Admit(output); code != ExitCode::kDone) return code;
-  ExitCode code = ExitCode::kDone;
-  switch (catalogue.LoadCatalogue(SIZE_MAX, access)) {
-    case CatalogueResult::kNoSchemesKey:
-    case CatalogueResult::kNoAccess:
-      output.Problem("ksm", access == SchemesAccess::kRead ? "This user has no right to read the schemes"
-                                                           : "This user has no right to change the schemes");
-      return ExitCode::kNoRights;
-    case CatalogueResult::kCutShort:
-      output.Problem("ksm", "The list of schemes ends at a text that is too long to be read");
-      code = ExitCode::kPartly;
-      break;
-    case CatalogueResult::kReadError:
-      output.Problem("ksm", "The registry refused to read part of the list of schemes");
-      code = ExitCode::kPartly;
-      break;
-    case CatalogueResult::kLoaded:
-      break;
+  const CatalogueResult result = catalogue.LoadCatalogue(SIZE_MAX, access);
+  if (result == CatalogueResult::kNoSchemesKey || result == CatalogueResult::kNoAccess) {
+    output.Problem("ksm", access == SchemesAccess::kRead ? "This user has no right to read the schemes"
+                                                         : "This user has no right to change the schemes");
+    return ExitCode::kNoRights;
   }
-  for (const std::string& name : catalogue.Unreadable()) {
-    output.Problem(name, "This scheme cannot be read: it has no key of its own");
-    code = ExitCode::kPartly;
-  }
-  catalogue.LoadProtectedSchemes(access);
-  return code;
+  // To know them, no right to change them is needed.
+  catalogue.LoadProtectedSchemes(SchemesAccess::kRead);
+  return gaps == Gaps::kTold ? TellGaps(catalogue, result, output) : ExitCode::kDone;
 }
 
 bool MayChange(const WriteLock& lock, Output& output) {

@@ -16,10 +16,14 @@
 // The same for commands that need no shell.
 [[nodiscard]] ExitCode AdmitUser(Output& output);
 
+// Whether a command that opens the catalogue is concerned by what the list lacks.
+enum class Gaps { kTold, kOfNoConcern };
+
 // Admits the user and loads the catalogue, to read the schemes or to change them. With kPartly, after a line
 // for each scheme that could not be read, the others are there and the command can go on; with any other code
-// but kDone it cannot.
-[[nodiscard]] ExitCode OpenCatalogue(SchemeCatalogue& catalogue, SchemesAccess access, Output& output);
+// but kDone it cannot. Gaps of no concern are passed over.
+[[nodiscard]] ExitCode OpenCatalogue(SchemeCatalogue& catalogue, SchemesAccess access, Output& output,
+                                     Gaps gaps = Gaps::kTold);
 
 // Whether a command that got this code goes on to its end.
 constexpr bool GoesOn(ExitCode code) { return code == ExitCode::kDone || code == ExitCode::kPartly; }

@@ -44,6 +44,7 @@ ExitCode Run(int count, wchar_t** wide, Output& output) {
 int wmain(int count, wchar_t** wide) {
   Output output;
   const ExitCode code = Run(count, wide, output);
-  const bool isTold = output.Flush();
-  return static_cast<int>(code == ExitCode::kDone && !isTold ? ExitCode::kFile : code);
+  const bool isTold = output.Flush() || code > ExitCode::kFound;
+  if (!isTold) output.Problem("ksm", "Not all of the results could be written");
+  return static_cast<int>(isTold ? code : ExitCode::kPartly);
 }

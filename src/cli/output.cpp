@@ -85,5 +85,6 @@ void Output::Problem(const std::string& concern, const std::string& text) {
 bool Output::Flush() {
   const std::string text = std::move(pending_);
   pending_.clear();
-  return Write(results_, text);
+  isWhole_ &= Write(results_, text);
+  return isWhole_;
 }

@@ -20,11 +20,12 @@ class Output {
   // Writes one line to standard error, at once: what it concerns, and what is the matter with it.
   void Problem(const std::string& concern, const std::string& text);
 
-  // Writes the results (WriteConsoleW or WriteFile). False when not all of them could be written.
+  // Writes the results (WriteConsoleW or WriteFile). False when not all of them so far could be written.
   [[nodiscard]] bool Flush();
 
  private:
   const HANDLE results_;
   const HANDLE problems_;
   std::string pending_;  // in UTF-8
+  bool isWhole_ = true;  // what was written
 };

@@ -50,7 +50,9 @@ class FileCheck {
 
   CheckResult Run() {
     const std::int32_t count = CheckSchemeCount();
+    // The config list is read once its own question for the count has moved the cursor behind it.
     store_.ResetReadCursor();
+    (void)store_.FindRecord(kSchemeCountLabel, kSchemeCountName);
     for (std::int32_t i = 1; i <= count && !IsFull(); ++i)
       CheckDescription(ConfigKey(i));
     for (std::int32_t i = 0; i < count && !IsFull(); ++i)
@@ -215,6 +217,11 @@ class FileCheck {
 
   // The records that no look-up has read. Neighbours make one finding.
   void CheckLeftOver() {
+    if (std::ranges::find(isRead_, false) == isRead_.end()) return;
+    std::set<std::pair<std::string_view, std::string_view>> readKeys;
+    for (std::size_t i = 0; i < isRead_.size(); ++i) {
+      if (isRead_[i]) readKeys.emplace(Records()[i].Key1, Records()[i].Key2);
+    }
     for (std::size_t i = 0; i < isRead_.size() && !IsFull();) {
       if (isRead_[i]) {
         ++i;
@@ -223,15 +230,13 @@ class FileCheck {
       const std::size_t first = i;
       while (i < isRead_.size() && !isRead_[i])
         ++i;
-      AddLeftOver(first, i - first);
+      const SchemeRecord record = Records()[first];
+      AddLeftOver(first, i - first, readKeys.contains({record.Key1, record.Key2}));
     }
   }
 
-  void AddLeftOver(std::size_t first, std::size_t count) {
-    const auto [key1, key2, value] = Records()[first];
-    scheme_ = SchemeOf(key1);
-    const auto other = store_.FindRecord(key1, key2);
-    const bool isDoubled = other && isRead_[*other];
+  void AddLeftOver(std::size_t first, std::size_t count, bool isDoubled) {
+    scheme_ = SchemeOf(Records()[first].Key1);
     std::string text = isDoubled ? "stands twice" : "is read by no import";
     if (count > 1) text += ", like the next " + std::to_string(count - 1);
     AddAt(first, isDoubled ? FindingKind::kDoubled : FindingKind::kStray, std::move(text));

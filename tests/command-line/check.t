@@ -15,11 +15,16 @@ A sound file is whole, in whatever order its records stand:
   $ ksm export empty.ksf --quiet
   $ cmp empty.ksf none.ksf
 
-A name like a label of the list of descriptions is a name:
+A name like a label of the list of descriptions hides the name that stands there:
 
   $ of_file 's/Infants/Config2/g; s/Juniors/Config1/g' two.ksf >labels.ksf
   $ ksm check labels.ksf
-  Whole, with 2 schemes
+  Byte  Scheme        Record                     Problem
+  28                  Config Hive, Config1       stands twice, like the next 1
+  118   Years 3 to 5  Config Hive, Config1       describes a scheme that the file does not have
+  151   Years 3 to 5  Config Hive, Years 3 to 5  is missing
+  4442  Config2       Config Hive, Config2       is missing
+  [1]
 
 Of each damage, the scheme, the record and what stands in the file at its byte:
 

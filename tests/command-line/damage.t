@@ -16,7 +16,6 @@ Damage that is accepted costs what it hit. The names and the numbers of folders 
   Reception: 1
   $ damaged 's/RootPath.*//'
   ! "": Not all of this scheme could be written
-  ! Reception: This scheme cannot be read: it has no key of its own
   ! "": This scheme is not there after the import
   Infants: 2
   $ damaged 's/number of schemes|2/number of schools|2/'
@@ -47,26 +46,21 @@ Damage that is accepted costs what it hit. The names and the numbers of folders 
   Reception: 1
   $ damaged 's/Name of scheme|Reception|/Name of scheme||/'
   ! "": Not all of this scheme could be written
-  ! Reception: This scheme cannot be read: it has no key of its own
   ! "": This scheme is not there after the import
   Infants: 2
   $ damaged 's/Name of scheme|Reception|/Name of scheme|a\\b|/'
   ! a\b: Not all of this scheme could be written
-  ! Reception: This scheme cannot be read: it has no key of its own
   ! a\b: This scheme is not there after the import
   Infants: 2
   $ damaged 's/Name of scheme|Reception|/Name of scheme|a\x00b|/'
   ! a?b: Not all of this scheme could be written
-  ! Reception: This scheme cannot be read: it has no key of its own
   ! a?b: This scheme is not there after the import
   Infants: 2
   $ damaged "s/Name of scheme|Reception|/Name of scheme|$(printf 'n%.0s' {1..256})|/" | cut -c -20
   ! nnnnnnnnnnnnnnnnnn
-  ! Reception: This sc
   ! nnnnnnnnnnnnnnnnnn
   Infants: 2
   $ damaged 's/Name of scheme|Reception|/Name of scheme|Up||/'
-  ! Reception: This scheme cannot be read: it has no key of its own
   ! Up: This scheme is not there after the import
   Infants: 2
   Up: 0
@@ -81,8 +75,6 @@ What no file of schemes can be is not read, and what is protected not replaced:
   ! large.ksf: This file cannot be read
   [3]
   $ ksm import two.ksf --quiet
-  ! Reception: This scheme cannot be read: it has no key of its own
-  [6]
   $ chmod a-w two.ksf
   $ ksm check two.ksf
   Whole, with 2 schemes

@@ -104,4 +104,4 @@ Without an environment the user's scheme is loaded, but the result is an error:
   Account type
   Class
   user amelia Staff loaded
-  This user gets Error
+  This user gets Error, which names no scheme: there is no environment

@@ -22,7 +22,7 @@ Where the disk is full, or the program is killed while it writes, the old file s
   [3]
   $ ls | grep tmp
   [1]
-  $ (ulimit -f 8; ksm export kept.ksf) 2>/dev/null
+  $ (ulimit -f 8; ksm export kept.ksf) >/dev/null
   [153]
   $ cat kept.ksf
   old
@@ -54,3 +54,16 @@ The list of schemes ends in front of a description that is too long:
   ! ksm: The list of schemes ends at a text that is too long to be read
   ! Gone: This scheme cannot be read: it has no key of its own
   [6]
+
+A character that ends a field makes a file that cannot be read whole, which no backup may be:
+
+  $ "$repository/tools/sample-machine" --fresh "$WINE_SESSION"
+  $ reg add "$schemes\Infants\FolderDisplay\Root 1" /v LongToolTip /d "Yours ¬ ours" /f
+  $ ksm export torn.ksf Infants
+  ! torn.ksf: This file was saved, but cannot be read whole; "ksm check" tells where
+  [6]
+  $ remember
+  $ ksm import school.ksf --backup torn.ksf --quiet
+  ! torn.ksf: This file was saved, but cannot be read whole; "ksm check" tells where
+  [6]
+  $ changes

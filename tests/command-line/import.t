@@ -117,3 +117,10 @@ Names that differ in case only are one to the registry, and a built-in scheme st
   Name     Description   Built in  Allocated to
   infants  For infants   yes       class Willow, class Rowan
   Juniors  Years 3 to 5            class Beech, class Chestnut
+
+An import mends what a killed one has left, and says nothing of it:
+
+  $ wipe
+  $ reg add "$schemes" /v Infants /d ""
+  $ ksm import school.ksf
+  Imported 8 schemes
