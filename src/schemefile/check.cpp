@@ -215,24 +215,31 @@ class FileCheck {
     return true;
   }
 
+  using Keys = std::pair<std::string_view, std::string_view>;
+  Keys KeysOf(std::size_t position) const {
+    const SchemeRecord record = Records()[position];
+    return {record.Key1, record.Key2};
+  }
+
   // The records that no look-up has read. Neighbours make one finding.
   void CheckLeftOver() {
-    if (std::ranges::find(isRead_, false) == isRead_.end()) return;
-    std::set<std::pair<std::string_view, std::string_view>> readKeys;
-    for (std::size_t i = 0; i < isRead_.size(); ++i) {
-      if (isRead_[i]) readKeys.emplace(Records()[i].Key1, Records()[i].Key2);
-    }
-    for (std::size_t i = 0; i < isRead_.size() && !IsFull();) {
-      if (isRead_[i]) {
-        ++i;
-        continue;
-      }
+    std::vector<std::pair<std::size_t, std::size_t>> runs;  // the first of each, and their number
+    for (std::size_t i = 0; i < isRead_.size() && runs.size() < kMaxFindings; ++i) {
       const std::size_t first = i;
       while (i < isRead_.size() && !isRead_[i])
         ++i;
-      const SchemeRecord record = Records()[first];
-      AddLeftOver(first, i - first, readKeys.contains({record.Key1, record.Key2}));
+      if (i > first) runs.emplace_back(first, i - first);
     }
+    if (runs.empty()) return;
+    std::map<Keys, bool> isDoubled;
+    for (const auto& [first, count] : runs)
+      isDoubled[KeysOf(first)] = false;
+    for (std::size_t i = 0; i < isRead_.size(); ++i) {
+      const auto found = isRead_[i] ? isDoubled.find(KeysOf(i)) : isDoubled.end();
+      if (found != isDoubled.end()) found->second = true;
+    }
+    for (const auto& [first, count] : runs)
+      AddLeftOver(first, count, isDoubled[KeysOf(first)]);
   }
 
   void AddLeftOver(std::size_t first, std::size_t count, bool isDoubled) {
