@@ -49,6 +49,8 @@ run_suites() {
   "${@:3}" ctest --test-dir "$folder" --output-on-failure
   suites=$(ctest --test-dir "$folder" --show-only | sed -n 's/^ *Test *#[0-9]*: //p')
   for suite in ${suites:-"any suite"}; do
+    # Wine loses a start in some thousand. What crashes does so again.
+    [[ -e $folder/results/$suite.xml ]] || "${@:3}" ctest --test-dir "$folder" --output-on-failure -R "^$suite\$"
     count_results "$suite" "$folder/results/$suite.xml"
   done
 }

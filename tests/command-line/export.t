@@ -22,7 +22,7 @@ Where the disk is full, or the program is killed while it writes, the old file s
   [3]
   $ ls | grep tmp
   [1]
-  $ (ulimit -f 8; ksm export kept.ksf) >/dev/null
+  $ (ulimit -f 8; ksm export kept.ksf) >/dev/null 2>&1
   [153]
   $ cat kept.ksf
   old

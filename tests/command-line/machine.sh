@@ -15,30 +15,49 @@ export USER=amelia
 # as_text: a program's output with the line ends of this machine.
 as_text() { tr -d '\r'; }
 
+# start PROGRAM [ARGUMENT ...]: by Wine, what comes out into the files $results and $problems. A start that is lost can end
+# in 1 without a word, too, which no program here does by itself; it is repeated.
+start() {
+  local tries status
+  for tries in 1 2 3; do
+    status=0
+    wine_errors=$problems wine "$@" </dev/null >>"$results" || status=$?
+    [[ $status -eq 1 && ! -s $results && ! -s $problems ]] || break
+  done
+  return $status
+}
+
 # ksm ARGUMENT ...: its results, then its problems, each line of these behind a "! ".
 ksm() {
-  local problems status=0
-  problems=$(mktemp)
-  wine "$programs/ksm.exe" "$@" </dev/null 2>"$problems" | as_text || status=$?
+  local results problems status=0
+  results=$(mktemp) problems=$(mktemp)
+  start "$programs/ksm.exe" "$@" || status=$?
+  as_text <"$results"
   as_text <"$problems" | sed 's/^/! /'
-  rm -f "$problems"
+  rm -f "$results" "$problems"
   return $status
 }
 
 # The document shows both as they come on a console, of a long output the beginning.
 if [[ ${TESTFILE-} == *.md ]]; then
   ksm() {
-    local output status=0
-    output=$(mktemp)
-    wine_errors=$output wine "$programs/ksm.exe" "$@" </dev/null >>"$output" || status=$?
-    as_text <"$output" | awk 'NR <= 20 { print } NR == 21 { print "..." }'
-    rm -f "$output"
+    local results problems status=0
+    results=$(mktemp) problems=$results
+    start "$programs/ksm.exe" "$@" || status=$?
+    as_text <"$results" | awk 'NR <= 20 { print } NR == 21 { print "..." }'
+    rm -f "$results"
     return $status
   }
 fi
 
-# reg ARGUMENT ...: the system's command. Says nothing when it is done.
-reg() { wine reg "$@" </dev/null >/dev/null; }
+# reg ARGUMENT ...: the system's command. Says nothing.
+reg() {
+  local results problems status=0
+  results=$(mktemp) problems=$(mktemp)
+  start reg "$@" || status=$?
+  rm -f "$results" "$problems"
+  return $status
+}
 
 # registry: takes in what standard input states as a .reg file does, with HKLM and HKCU.
 registry() {

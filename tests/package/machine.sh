@@ -16,13 +16,13 @@ prepare_machine() {
   wine reg delete "HKLM\\Software\\Tessaly\\$name" /f
 } >/dev/null 2>&1
 
-# msi ARGUMENT ...: Windows Installer, without a window. Takes seconds; where Wine hangs instead, which it does once in a
-# thousand starts, it is started anew.
+# msi ARGUMENT ...: Windows Installer, without a window. Takes seconds; where Wine hangs or is lost at its start, once in a
+# thousand times, it is started anew.
 msi() {
   local status=0
   wine_limit=1m wine msiexec "$@" /qn >/dev/null 2>&1 || status=$?
-  [[ $status -eq 124 ]] || return $status
-  echo 'Wine hangs: once more'
+  [[ $status -eq 124 || $status -eq 1 ]] || return $status
+  echo 'Wine has not started: once more'
   wineserver -k || true
   wine msiexec "$@" /qn >/dev/null 2>&1
 }
