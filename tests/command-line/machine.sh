@@ -50,19 +50,22 @@ if [[ ${TESTFILE-} == *.md ]]; then
   }
 fi
 
-# reg ARGUMENT ...: the system's command. Says nothing.
-reg() {
+# silently PROGRAM [ARGUMENT ...]: without what it says.
+silently() {
   local results problems status=0
   results=$(mktemp) problems=$(mktemp)
-  start reg "$@" || status=$?
+  start "$@" || status=$?
   rm -f "$results" "$problems"
   return $status
 }
 
+# reg ARGUMENT ...: the system's command.
+reg() { silently reg "$@"; }
+
 # registry: takes in what standard input states as a .reg file does, with HKLM and HKCU.
 registry() {
   sed -e '1 i REGEDIT4' -e 's/HKLM/HKEY_LOCAL_MACHINE/; s/HKCU/HKEY_CURRENT_USER/' >changes.reg
-  wine regedit /S changes.reg
+  silently regedit /S changes.reg
   rm changes.reg
 }
 
@@ -96,7 +99,7 @@ hold() { wine "$programs/guard.exe" hold "$1"; }
 # rights RIGHTS KEY ...: leaves everybody just these to each of the keys, "KR" to read it, "KA" all.
 rights() {
   local key
-  for key in "${@:2}"; do wine "$programs/guard.exe" rights "${key#HKLM?}" "$1" </dev/null; done
+  for key in "${@:2}"; do silently "$programs/guard.exe" rights "${key#HKLM?}" "$1"; done
 }
 
 "$repository/tools/sample-machine" --fresh "$WINE_SESSION"
